@@ -12,7 +12,7 @@ class Memoria {
 public:
     explicit Memoria(int tipo)
         : ajustes_(diraplicacion_callada() + "/importacion.cfg", QSettings::IniFormat) {
-        ajustes_.beginGroup(QStringLiteral("%1-%2").arg(fdm().usuario).arg(tipo));
+        ajustes_.beginGroup(QStringLiteral("%1-%2").arg(fdm().usuario, QString::number(tipo)));
     }
     QSettings* operator->() { return &ajustes_; }
 

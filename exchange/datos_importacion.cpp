@@ -1,5 +1,6 @@
 #include "exchange/datos_importacion.h"
 
+#include "datos/firebird/letras.h"
 #include "libro/fechas.h"
 #include "libro/importes.h"
 
@@ -97,9 +98,7 @@ DatoLeido lea_numero(const D& dato, const QString& texto) {
     const int decimales = dato.clase == D::Tasa ? 4 : 2;
     if (leido.valor.redondeada(decimales) != leido.valor)
         return rehuse(QStringLiteral("'%1' tiene más de %2 decimales en %3.")
-                          .arg(texto)
-                          .arg(decimales)
-                          .arg(rotulo));
+                          .arg(texto, QString::number(decimales), rotulo));
     if (leido.valor.absoluta() > Moneda::de_texto(QStringLiteral("9999999999999.99")))
         return rehuse(QStringLiteral("'%1' no cabe en %2.").arg(texto, rotulo));
     return {leido.valor, {}};
@@ -146,15 +145,13 @@ DatoLeido lea_dato(const DatoImportacion& dato, const QByteArray& octetos) {
         return {};
     // La base guarda cualquier octeto y entra como vino. Un tabulador u otro control en un texto es
     // un blanco: partiría la fila al copiarla. En un código o una cifra es otra cosa.
-    for (QChar& c : texto) {
-        if (c.unicode() >= 0x20)
-            continue;
-        if (dato.clase != D::Texto)
+    const QString limpio = controles_a_blancos(texto);
+    for (qsizetype i = 0; dato.clase != D::Texto && i < texto.size(); ++i)
+        if (texto[i] != limpio[i])
             return rehuse(QStringLiteral("Hay un octeto que no es un carácter (%1) en %2.")
-                              .arg(c.unicode())
+                              .arg(texto[i].unicode())
                               .arg(rotulo));
-        c = QLatin1Char(' ');
-    }
+    texto = limpio;
     switch (dato.clase) {
     case D::Importe:
     case D::Tasa:
@@ -175,9 +172,8 @@ DatoLeido lea_dato(const DatoImportacion& dato, const QByteArray& octetos) {
     default:
         if (texto.size() > dato.largo)
             return rehuse(QStringLiteral("'%1' no cabe en %2: son %3 caracteres y caben %4.")
-                              .arg(texto, rotulo)
-                              .arg(texto.size())
-                              .arg(dato.largo));
+                              .arg(texto, rotulo, QString::number(texto.size()),
+                                   QString::number(dato.largo)));
         return {Valor(texto), {}};
     }
 }

@@ -1,5 +1,6 @@
 #include "exchange/exportacion_movimientos.h"
 
+#include "datos/firebird/letras.h"
 #include "exchange/equivalencias.h"
 #include "toolkit/exportacion/archivo_salida.h"
 
@@ -52,17 +53,12 @@ QString quepa(const QString& texto, int ancho, const char* que) {
         throw ErrorDatos(QStringLiteral("%1 '%2' no cabe en el formato: son %3 caracteres y el "
                                         "campo tiene %4. Dele una equivalencia más corta o escoja "
                                         "otro destino.")
-                             .arg(QString::fromUtf8(que), texto)
-                             .arg(texto.size())
-                             .arg(ancho));
+                             .arg(QString::fromUtf8(que), texto, QString::number(texto.size()),
+                                  QString::number(ancho)));
     return texto;
 }
 QString limpio(const QString& texto, QChar separador) {
-    QString t = texto;
-    for (QChar& c : t)
-        if (c == separador || c == '"' || c.unicode() < 0x20)
-            c = ' ';
-    return t;
+    return controles_a_blancos(texto).replace(separador, ' ').replace('"', ' ');
 }
 /// "ADMI" es el proyecto o centro que no lo es.
 QString centro(const QString& codigo, const char* admi) {

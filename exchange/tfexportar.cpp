@@ -143,7 +143,6 @@ void Tfexportar::SpeedButton1Click() {
                                          "INDICADA.")
                         : QStringLiteral("PROCESO FINALIZADO. SE GENERÓ EL ARCHIVO %1 CON %2 "
                                          "REGISTROS.")
-                                  .arg(p->archivo)
-                                  .arg(r.registros) +
+                                  .arg(p->archivo, QString::number(r.registros)) +
                               sin_tercero);
 }

@@ -48,9 +48,8 @@ void Tfrechazosimp::FormCreate() {
     CRechazos.EnableControls();
     if (const qsizetype cuantos = rechazos_.resultado.rechazados.size())
         setWindowTitle(QStringLiteral("%1: %2 de %3")
-                           .arg(windowTitle())
-                           .arg(cuantos)
-                           .arg(QFileInfo(rechazos_.archivo).fileName()));
+                           .arg(windowTitle(), QString::number(cuantos),
+                                QFileInfo(rechazos_.archivo).fileName()));
     DBGridEh1->setFocus();
 }
 

@@ -58,9 +58,7 @@ public:
         const auto valor = Moneda::intente(texto);
         if (!valor || valor->redondeada(decimales) != *valor) {
             falte(QStringLiteral("'%1' no es un valor con %2 decimales: %3")
-                      .arg(nombre)
-                      .arg(decimales)
-                      .arg(texto));
+                      .arg(nombre, QString::number(decimales), texto));
             return {};
         }
         return *valor;
@@ -294,9 +292,7 @@ int cargue_documentos(Conexion& conexion, const QString& archivo) {
             escritor.escriba(d);
         } catch (const ErrorDatos& e) {
             throw ErrorDatos(QStringLiteral("%1:%2: %3\nNo se cargó nada.")
-                                 .arg(archivo)
-                                 .arg(d.renglon)
-                                 .arg(e.para_usuario()));
+                                 .arg(archivo, QString::number(d.renglon), e.para_usuario()));
         }
     t.confirme();
     return int(documentos.size());

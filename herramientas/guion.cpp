@@ -31,7 +31,7 @@ constexpr Marcas kLibroNiif{{{"{CUENTAS}", "CUENTAS_NIIF"},
                              {"{LIBRO}", "NIIF"}}};
 
 [[noreturn]] void falle(const QString& archivo, int renglon, const QString& razon) {
-    throw ErrorDatos(QStringLiteral("%1:%2: %3").arg(archivo).arg(renglon).arg(razon));
+    throw ErrorDatos(QStringLiteral("%1:%2: %3").arg(archivo, QString::number(renglon), razon));
 }
 
 using Texto = QVector<Renglon>;

@@ -228,12 +228,10 @@ void Instalador::ejecute_guion(const QString& archivo) {
             const bool del_guion =
                 (e.clase() == ClaseFalla::Otra || e.clase() == ClaseFalla::OtraVersion) &&
                 !e.detalle().isEmpty();
-            throw ErrorDatos(
-                QStringLiteral("%1:%2: %3\n%4")
-                    .arg(archivo)
-                    .arg(s.renglon)
-                    .arg(primera_linea(s.texto), del_guion ? e.detalle() : e.para_usuario()),
-                e.detalle());
+            throw ErrorDatos(QStringLiteral("%1:%2: %3\n%4")
+                                 .arg(archivo, QString::number(s.renglon), primera_linea(s.texto),
+                                      del_guion ? e.detalle() : e.para_usuario()),
+                             e.detalle());
         }
         existentes.anote(s.texto);
     }
@@ -293,9 +291,9 @@ void Instalador::cargue_lista(const QString& archivo) {
             const auto* motor = dynamic_cast<const ErrorBase*>(&e);
             if (suya && motor && motor->clase() == ClaseFalla::LlaveForanea)
                 continue;
-            throw ErrorDatos(
-                QStringLiteral("%1:%2: %3").arg(archivo).arg(renglon).arg(e.para_usuario()),
-                e.detalle());
+            throw ErrorDatos(QStringLiteral("%1:%2: %3")
+                                 .arg(archivo, QString::number(renglon), e.para_usuario()),
+                             e.detalle());
         }
         presentes.insert(clave_unida(partes));
     }

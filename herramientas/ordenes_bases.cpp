@@ -261,10 +261,8 @@ void respaldar(const Sesion& s) {
             .arg(cual, reloj().ahora().toString(QStringLiteral("yyyyMMdd_HHmmss"))));
     const auto r = respalde_y_pruebe(base_pedida(s), archivo);
     diga(QStringLiteral("Respaldo en %1 (%2 KB), probado: %3 cifras comparadas, %4 filas.")
-             .arg(archivo)
-             .arg(r.octetos / 1024)
-             .arg(r.tablas)
-             .arg(r.filas));
+             .arg(archivo, QString::number(r.octetos / 1024), QString::number(r.tablas),
+                  QString::number(r.filas)));
 }
 
 void restaurar(const Sesion& s) {

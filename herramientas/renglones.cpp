@@ -58,7 +58,7 @@ QByteArray lea_archivo(const QString& archivo) {
 
 void Faltas::anote(int renglon, const QString& texto) {
     if (++cuantas_ <= kFaltasQueSeDicen)
-        textos_ << QStringLiteral("%1:%2: %3.").arg(archivo_).arg(renglon).arg(texto);
+        textos_ << QStringLiteral("%1:%2: %3.").arg(archivo_, QString::number(renglon), texto);
 }
 
 void Faltas::lance_si_hay() const {

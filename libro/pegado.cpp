@@ -1,5 +1,6 @@
 #include "libro/pegado.h"
 
+#include "datos/firebird/letras.h"
 #include "libro/columnas_comprobante.h"
 #include "libro/importes.h"
 #include "libro/memoria.h"
@@ -43,7 +44,8 @@ public:
 private:
     using Columna = ColumnaDe<LineaComprobante>;
 
-    static QString lea(LineaComprobante& l, const Columna& c, const QString& celda) {
+    static QString lea(LineaComprobante& l, const Columna& c, const QString& pegado) {
+        const QString celda = controles_a_blancos(pegado);
         const QString texto = celda.trimmed(), rotulo = QString::fromUtf8(c.rotulo);
         if (const auto* m = std::get_if<Moneda LineaComprobante::*>(&c.miembro)) {
             const ImporteLeido leido =
@@ -54,11 +56,11 @@ private:
             return {};
         }
         if (const QChar ajeno = caracter_fuera_de_latin1(celda); !ajeno.isNull())
-            return QStringLiteral("%1: el carácter '%2' no se puede guardar.").arg(rotulo, ajeno);
+            return QStringLiteral("%1: el carácter %2 no se puede guardar.")
+                .arg(rotulo, letra_nombrada(celda, celda.indexOf(ajeno)));
         if (c.tamano > 1 && celda.size() > c.tamano)
             return QStringLiteral("%1: '%2' pasa de %3 caracteres.")
-                .arg(rotulo, celda.left(20))
-                .arg(c.tamano);
+                .arg(rotulo, celda.left(20), QString::number(c.tamano));
         if (const auto* t = std::get_if<QString LineaComprobante::*>(&c.miembro))
             l.** t = celda;
         return {};

@@ -118,9 +118,8 @@ bool Tfejecutaregiauto::siga_aunque_ya_se_hizo() {
     fdm().QBorrar.Close();
     return !hecho || pregunte_con_no(QString("El registro %1 ya se ejecutó en %2 de %3 "
                                              "(comprobante %4). Desea ejecutarlo otra vez?")
-                                         .arg(registro_, fdmcnt().nombre_periodo())
-                                         .arg(p.ano)
-                                         .arg(comprobante));
+                                         .arg(registro_, fdmcnt().nombre_periodo(),
+                                              QString::number(p.ano), comprobante));
 }
 
 void Tfejecutaregiauto::SBGrabarClick() {
@@ -154,8 +153,7 @@ void Tfejecutaregiauto::SBGrabarClick() {
     if (id.isEmpty() || id == "0") {
         muestre_mensaje(QString("Ninguna línea del registro %1 dio valor en %2 de %3. No se hizo "
                                 "ningún comprobante.")
-                            .arg(registro_, fdmcnt().nombre_periodo())
-                            .arg(p.ano));
+                            .arg(registro_, fdmcnt().nombre_periodo(), QString::number(p.ano)));
         return;
     }
     emit fdmcnt().balance_por_recalcular();

@@ -45,7 +45,8 @@ public:
     /// Falso si se canceló.
     bool siga(int hechos, const DocumentoPendiente& documento) {
         setLabelText(
-            QStringLiteral("%1 (%2 de %3)").arg(documento.nombre()).arg(hechos + 1).arg(maximum()));
+            QStringLiteral("%1 (%2 de %3)")
+                .arg(documento.nombre(), QString::number(hechos + 1), QString::number(maximum())));
         if (desde_.elapsed() > kMsSinAvance)
             show();
         setValue(hechos);

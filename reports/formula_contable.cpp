@@ -232,8 +232,7 @@ Moneda FormulaContable::evalue_cuenta(const DatoFormula& dato) const {
     if (referencias.size() > kReferencias)
         throw ErrorDatos(QStringLiteral("La fórmula %1 lleva más de %2 cuentas: repártala en dos "
                                         "renglones.")
-                             .arg(dato.formula)
-                             .arg(kReferencias));
+                             .arg(dato.formula, QString::number(kReferencias)));
     QStringList nombres;
     QVector<long double> valores;
     for (const Referencia& r : referencias) {

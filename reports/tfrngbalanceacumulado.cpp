@@ -51,9 +51,8 @@ void Tfrngbalanceacumulado::antes_de_abrir() {
 
 QString Tfrngbalanceacumulado::sql() {
     return QStringLiteral("select * from %1(%2, %3, %4, ")
-               .arg(procedimiento("balance_prueba_acumulado"), entre_comillas("EAno"))
-               .arg(QString::number(mes("MesIni")))
-               .arg(QString::number(mes("MesFin"))) +
+               .arg(procedimiento("balance_prueba_acumulado"), entre_comillas("EAno"),
+                    QString::number(mes("MesIni")), QString::number(mes("MesFin"))) +
            argumentos({"EDesde", "EHasta", "TerIni", "TerFin"}) + ", " +
            bandera(marcada(Cksinmov)) + ", " + bandera(marcada(ckterceros)) +
            ") where nivel <= " + nivel() + " order by CODIGO";

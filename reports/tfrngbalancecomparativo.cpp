@@ -44,10 +44,9 @@ Tfrngbalancecomparativo::Tfrngbalancecomparativo() : FormaEstado(kDatos) {
 
 QString Tfrngbalancecomparativo::sql() {
     return QStringLiteral("select * from %1(%2, %3, %4, %5, ")
-               .arg(procedimiento("balance_comparativo"), entre_comillas("EAno1"))
-               .arg(QString::number(mes("MesIni")))
-               .arg(entre_comillas("EAno2"))
-               .arg(QString::number(mes("MesFin"))) +
+               .arg(procedimiento("balance_comparativo"), entre_comillas("EAno1"),
+                    QString::number(mes("MesIni")), entre_comillas("EAno2"),
+                    QString::number(mes("MesFin"))) +
            bandera(marcada(CkTerceros)) + ") where CUENTA >= " + entre_comillas("EDesde") +
            " and CUENTA <= " + entre_comillas("EHasta") + " order by CUENTA";
 }

@@ -41,11 +41,9 @@ void muestre_paso(QProgressDialog& dialogo, const QString& texto, const QString&
     const int va = partes.captured(1).toInt(), de = partes.captured(2).toInt();
     dialogo.setMaximum(de);
     dialogo.setValue(va - 1);
-    dialogo.setLabelText(QStringLiteral("%1\nPaso %2 de %3: %4.")
-                             .arg(texto)
-                             .arg(va)
-                             .arg(de)
-                             .arg(partes.captured(3)));
+    dialogo.setLabelText(
+        QStringLiteral("%1\nPaso %2 de %3: %4.")
+            .arg(texto, partes.captured(1), partes.captured(2), partes.captured(3)));
 }
 
 /// Muestra el avance hasta que `espera` termine. Falso si se canceló.

@@ -1,5 +1,6 @@
 #include "tax/medio_xml.h"
 
+#include "datos/firebird/letras.h"
 #include "tax/medio_formato.h"
 #include "toolkit/exportacion/archivo_salida.h"
 
@@ -88,7 +89,8 @@ private:
 
 QString cadenahtml(const QString& valor) {
     const QLatin1String comilla("\"");
-    return comilla + QString(valor).replace('&', "&amp;").replace(comilla, "&quot;") + comilla;
+    return comilla + controles_a_blancos(valor).replace('&', "&amp;").replace(comilla, "&quot;") +
+           comilla;
 }
 
 QString cabeza_xml(const QString& esquema) {

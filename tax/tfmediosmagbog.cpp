@@ -319,6 +319,5 @@ void Tfmediosmagbog::SpeedButton3Click() {
     fdm().mostrar_advertencia(r.cancelado
                                   ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
                                   : QStringLiteral("Se grabó %1, con %2 filas.")
-                                        .arg(ruta())
-                                        .arg(CMedmagdata->RecordCount()));
+                                        .arg(ruta(), QString::number(CMedmagdata->RecordCount())));
 }

@@ -122,9 +122,7 @@ void Tfrevisamedio::ponga_al_dia() {
         datos << columna_en_palabras(columna);
     QString aviso = r.filas ? QStringLiteral("Se actualizó el tercero %1 en las filas guardadas "
                                              "(%2): %3. Los importes no cambian. ")
-                                  .arg(nit)
-                                  .arg(r.filas)
-                                  .arg(datos.join(", "))
+                                  .arg(nit, QString::number(r.filas), datos.join(", "))
                             : QString();
     if (r.recalcular)
         aviso += "Cambió su país o su régimen de IVA: recalcule para que sus retenciones queden en "

@@ -8,27 +8,27 @@ std::function<void(const QString&)>& quien() {
     static std::function<void(const QString&)> oye;
     return oye;
 }
+} // namespace
 
-void diga(const QString& texto) {
+void avise(const QString& texto) {
     if (quien())
         quien()(texto);
 }
-} // namespace
 
 void diga_salidas(std::function<void(const QString& texto)> oye) {
     quien() = std::move(oye);
 }
 
 void avise_grabado(const QString& ruta) {
-    diga(QStringLiteral("Grabado en ") + QDir::toNativeSeparators(ruta));
+    avise(QStringLiteral("Grabado en ") + QDir::toNativeSeparators(ruta));
 }
 
 void avise_impreso(const QPrinter& impresora, int paginas) {
     if (!impresora.outputFileName().isEmpty())
         return avise_grabado(impresora.outputFileName());
     const QString nombre = impresora.printerName();
-    diga(QStringLiteral("Impreso en %1: %2")
-             .arg(nombre.isEmpty() ? QStringLiteral("la impresora del sistema") : nombre,
-                  paginas == 1 ? QStringLiteral("una página")
-                               : QStringLiteral("%1 páginas").arg(paginas)));
+    avise(QStringLiteral("Impreso en %1: %2")
+              .arg(nombre.isEmpty() ? QStringLiteral("la impresora del sistema") : nombre,
+                   paginas == 1 ? QStringLiteral("una página")
+                                : QStringLiteral("%1 páginas").arg(paginas)));
 }

@@ -7,6 +7,8 @@ class QPrinter;
 
 /// Quién dice los avisos; sin nadie, se pierden.
 void diga_salidas(std::function<void(const QString& texto)> quien);
+/// Lo dice la barra de estado, sin detener a nadie.
+void avise(const QString& texto);
 /// "Grabado en /ruta/balance.pdf".
 void avise_grabado(const QString& ruta);
 /// "Impreso en la impresora del sistema: 3 páginas"; o grabado, si la impresora escribe un archivo.

@@ -1,6 +1,7 @@
 #include "toolkit/estilo.h"
 
 #include "toolkit/aire.h"
+#include "toolkit/controles/pegado_en_linea.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/textos_qt.h"
 
@@ -156,8 +157,10 @@ public:
     using QProxyStyle::polish;
     void polish(QWidget* widget) override {
         QProxyStyle::polish(widget);
-        if (auto* caja = qobject_cast<QLineEdit*>(widget))
+        if (auto* caja = qobject_cast<QLineEdit*>(widget)) {
             lector_.atienda(caja);
+            cuide_lo_pegado(*caja);
+        }
     }
 
     int pixelMetric(PixelMetric medida, const QStyleOption* opcion,

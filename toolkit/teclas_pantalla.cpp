@@ -4,6 +4,7 @@
 
 #include "toolkit/controles/controldato.h"
 #include "toolkit/controles/memodato.h"
+#include "toolkit/controles/rehusado.h"
 #include "toolkit/lista_teclas.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -159,6 +160,9 @@ bool Pantalla::atienda(QKeyEvent& evento, QWidget* destino, bool solo_pregunta) 
             boton->click();
         return true;
     }
+    if (evento.key() == Qt::Key_Escape && !alguien_reclama(foco, this, evento) &&
+        reponga_lo_rehusado(foco, solo_pregunta))
+        return true;
     const Tecla* encontrada = busque(evento.key(), evento.modifiers());
     if (!encontrada && evento.key() == Qt::Key_F1 && !(evento.modifiers() & ~kDeTeclado)) {
         if (!solo_pregunta && !evento.isAutoRepeat())

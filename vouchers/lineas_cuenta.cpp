@@ -434,7 +434,7 @@ QString LineasCuenta::como_de_comprobante(const QString& columna) const {
 }
 
 std::optional<QVector<QStringList>> LineasCuenta::anuncie_pegado(bool abre_columnas) {
-    const QVector<QStringList> filas = lea_tabulado(QApplication::clipboard()->text());
+    const QVector<QStringList> filas = tabla_pegada();
     if (!son_varias_celdas(filas))
         return filas;
     AnuncioPegado anuncio =

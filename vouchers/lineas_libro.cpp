@@ -186,8 +186,8 @@ void LineasLibro::saldo(EditorNumero* caja, const char* procedimiento,
     Sentencia& q = fdmcnt().QSaldo;
     q.Open(QStringLiteral("Select * from %1%2(%3,%4,%5,'N')")
                .arg(QLatin1String(procedimiento), QLatin1String(datos(libro).sufijo),
-                    argumentos.join(','), anfitrion_.ano_saldos())
-               .arg(anfitrion_.mes_saldos()));
+                    argumentos.join(','), anfitrion_.ano_saldos(),
+                    QString::number(anfitrion_.mes_saldos())));
     caja->valor(q.Fields(0).moneda());
     q.Close();
 }

@@ -81,11 +81,12 @@ IAttachment* pida_enlace(const ParametrosConexion& parametros, bool crear, int p
         corra_vigilado(parametros, entra, deseche);
     } else if (!corra_aparte(entra, deseche, espera_ms)) {
         const QString equipo = equipo_de(parametros);
-        throw ErrorBase({ClaseFalla::ConexionPerdida},
-                        QStringLiteral("dbExpress Error: Connection failed: ") + equipo,
-                        QStringLiteral("%1 no contestó en %2 ms").arg(equipo).arg(espera_ms),
-                        QStringLiteral("No se encontró el servidor Interbase/Firebird. Verifique "
-                                       "Servidor en panel de control y puerto TCP 3050."));
+        throw ErrorBase(
+            {ClaseFalla::ConexionPerdida},
+            QStringLiteral("dbExpress Error: Connection failed: ") + equipo,
+            QStringLiteral("%1 no contestó en %2 ms").arg(equipo, QString::number(espera_ms)),
+            QStringLiteral("No se encontró el servidor Interbase/Firebird. Verifique "
+                           "Servidor en panel de control y puerto TCP 3050."));
     }
     return *enlace;
 }

@@ -129,8 +129,7 @@ ISC_QUAD escriba_blob(Conexion& conexion, Transaccion& transaccion, const QByteA
 
 [[noreturn]] void texto_largo(const Columna& c, const QByteArray& t) {
     throw ErrorDatos(QStringLiteral("El texto '%1' no cabe en %2 caracteres.")
-                         .arg(QString::fromLatin1(t))
-                         .arg(c.longitud));
+                         .arg(QString::fromLatin1(t), QString::number(c.longitud)));
 }
 
 void ponga_texto(const Columna& c, char* p, const QString& texto) {

@@ -1,5 +1,6 @@
 #include "datos/recordset/conjunto.h"
 
+#include "datos/firebird/letras.h"
 #include "datos/firebird/nombres.h"
 
 Valor Campo::valor() const {
@@ -29,17 +30,18 @@ Valor Campo::rehuse(const Valor& v, const QString& que) const {
 
 Valor Campo::convierta_texto(QString t) const {
     if (const QChar fuera = caracter_fuera_de_latin1(t); !fuera.isNull())
-        throw ErrorDatos(QStringLiteral("El carácter '%1' del campo %2 no se puede guardar en la "
+        throw ErrorDatos(QStringLiteral("El carácter %1 del campo %2 no se puede guardar en la "
                                         "base de datos. Reemplácelo por uno equivalente.")
-                             .arg(t.mid(t.indexOf(fuera), fuera.isHighSurrogate() ? 2 : 1))
-                             .arg(nombre_visible()));
+                             .arg(letra_nombrada(t, t.indexOf(fuera)), nombre_visible()));
+    // El renglón nuevo solo lo escribe una caja de varios, y hay textos cortos con una.
+    if (clase == ClaseCampo::Texto)
+        t = controles_a_blancos(t, QLatin1Char('\n'));
     if (clase == ClaseCampo::Texto && Size > 0 && t.size() > Size) {
         // Los blancos que sobran se cortan; las letras no se pierden en silencio.
         if (!QStringView(t).mid(Size).trimmed().isEmpty())
-            throw ErrorDatos(QStringLiteral("El campo %1 admite %2 caracteres y el texto tiene %3.")
-                                 .arg(nombre_visible())
-                                 .arg(Size)
-                                 .arg(t.size()));
+            throw ErrorDatos(
+                QStringLiteral("El campo %1 admite %2 caracteres y el texto tiene %3.")
+                    .arg(nombre_visible(), QString::number(Size), QString::number(t.size())));
         t.truncate(Size);
     }
     return t;

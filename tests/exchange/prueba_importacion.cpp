@@ -234,7 +234,7 @@ void PruebaImportacion::cada_dato_se_lee_o_se_rehusa_por_su_nombre() {
         {"ENCO_CONCEPTO", "A\xF1o", "Año"},
         {"ENCO_CONCEPTO", "10 \x80\tpesos", QString("10 ") + QChar(0x80) + " pesos"},
         {"TERC_NIT", "9\t1", {}, "Hay un octeto que no es un carácter (9) en el tercero."},
-        {"TICO_COD", "LARGO", {}, "'LARGO' no cabe en el tipo: son 5 caracteres y caben 3."}};
+        {"TICO_COD", "L%1GO", {}, "'L%1GO' no cabe en el tipo: son 5 caracteres y caben 3."}};
     for (const auto& caso : casos) {
         const DatoLeido leido =
             lea_dato(*dato_de(ClaseImportacion::Comprobantes, caso.dato), caso.texto);

@@ -284,8 +284,8 @@ private slots:
              "'1.250' se puede leer de dos maneras en Débito: escriba 1250 o 1.25."},
             {{"110505", "", "", "", QString(61, 'x')},
              "Concepto: 'xxxxxxxxxxxxxxxxxxxx' pasa de 60 caracteres."},
-            {{"110505", "", "", "", "precio en €"},
-             "Concepto: el carácter '€' no se puede "
+            {{"110505", "", "", "", "precio en 😀"},
+             "Concepto: el carácter '😀' no se puede "
              "guardar."},
             {{"130505", "", "", "", "x", "", "", "", "", "5"},
              "Debe indicar un NIT para el movimiento."},

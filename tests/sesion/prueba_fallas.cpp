@@ -249,6 +249,9 @@ private slots:
             {"10 €", QString("El carácter '€' del campo %1 no se puede guardar en la base de "
                              "datos. Reemplácelo por uno equivalente.")
                          .arg(nombre)},
+            {"10 \u200B", QString("El carácter U+200B del campo %1 no se puede guardar en la base "
+                                  "de datos. Reemplácelo por uno equivalente.")
+                              .arg(nombre)},
             {"10 😀", // entero, aunque ocupe dos lugares
              QString("El carácter '😀' del campo %1 no se puede guardar en la base de datos. "
                      "Reemplácelo por uno equivalente.")
@@ -262,6 +265,8 @@ private slots:
                 QCOMPARE(e.texto(), caso.dice);
             }
         }
+        p.c.FieldByName("TICO_NOM") = "Con\apito\ty tabulador";
+        QCOMPARE(p.c.FieldByName("TICO_NOM").texto(), "Con pito y tabulador");
     }
 
     void conectarse_a_lo_que_no_existe_dice_que_falta() {

@@ -41,7 +41,7 @@ Registro registro(const QString& datos) {
 /// y con una razón social que sobra.
 const QVector<Registro>& tres() {
     static const QVector<Registro> filas{
-        registro("5001|31|900123456|8|||||Peña & Ñáñez \"La 14\" S.A.|Calle 1 # 2-3|11|001|169|"
+        registro("5001|31|900123456|8|||||Peña & Ñáñez \"La 14\" S.A.|Calle\a1 # 2-3|11|001|169|"
                  "1500000|20|285000|7|52500|1|2|3|4|5|6"),
         registro("5002|13|52345678||Peña|Gómez|María|José||Cra 7|05|088|169|"
                  "250.5|0|0|0|10|0|0|0|0|0|0"),

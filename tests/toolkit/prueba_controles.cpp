@@ -1,5 +1,6 @@
 // Los controles atados, con teclas de verdad sobre conjuntos en memoria.
 #include "apoyo_gui/interlocutor.h"
+#include "toolkit/aviso_salida.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/controles/casilladato.h"
 #include "toolkit/controles/editordato.h"
@@ -236,13 +237,13 @@ private slots:
         QVERIFY(libre.valor() == Moneda::de_texto("4.25"));
     }
 
-    void una_falla_al_guardar_repone_el_valor_y_devuelve_el_foco() {
+    void una_falla_al_guardar_deja_lo_escrito_y_devuelve_el_foco() {
         Mesa m;
         m.digite(m.nivel, "1.5");
         m.ajena.setFocus();
         QCOMPARE(m.fallas, QStringList{"'1.5' no es un número entero para el campo Nivel."});
-        QCOMPARE(m.nivel.text(), "4");
         QTRY_VERIFY(m.nivel.hasFocus());
+        QCOMPARE(m.nivel.selectedText(), "1.5"); // otra cifra la reemplaza
         // Durante un Post la misma falla lo aborta: no se graba una fila que el usuario no vio.
         m.digite(m.nivel, "--");
         QVERIFY_EXCEPTION_THROWN(m.cuentas.Post(), EdicionAbortada);
@@ -251,15 +252,55 @@ private slots:
         QCOMPARE(m.campo("CUEN_NIVEL"), "4");
     }
 
-    void caracter_que_la_base_no_guarda_se_rehusa_nombrandolo() {
+    void caracter_que_la_base_no_guarda_queda_escogido_entre_lo_escrito() {
         Mesa m;
         m.codigo.setFocus(Qt::TabFocusReason);
-        QTest::keyClicks(&m.codigo, "9");
-        m.codigo.insert(QString::fromUtf8("€"));
+        m.codigo.insert("9€1");
         m.ajena.setFocus();
-        QCOMPARE(m.fallas.size(), 1);
-        QVERIFY(m.fallas[0].contains(QString::fromUtf8("'€' del campo Código")));
-        QCOMPARE(m.codigo.text(), "1105");
+        QVERIFY(m.fallas.value(0).contains("'€' del campo Código"));
+        QTRY_VERIFY(m.codigo.hasFocus());
+        QCOMPARE(m.codigo.selectedText(), "€");
+        QTest::keyClicks(&m.codigo, "5");
+        m.notas.setFocus();
+        QCOMPARE(m.campo("CUEN_COD"), "951");
+        m.notas.insertPlainText("a 😀 z ");
+        m.ajena.setFocus();
+        QTRY_VERIFY(m.notas.hasFocus());
+        QCOMPARE(m.notas.textCursor().selectedText(), "😀");
+        QCOMPARE(m.notas.toPlainText(), "a 😀 z Caja");
+        m.cuentas.Cancel();
+        QCOMPARE(m.notas.toPlainText(), "Caja");
+    }
+
+    void lo_pegado_en_una_caja_entra_en_un_renglon_o_dice_que_no() {
+        Mesa m;
+        QString aviso;
+        diga_salidas([&](const QString& texto) { aviso = texto; });
+        const auto pegue = [&](const QString& texto) {
+            QApplication::clipboard()->setText(texto);
+            aviso.clear();
+            m.digite(m.codigo, {});
+            QTest::keyClick(&m.codigo, Qt::Key_V, Qt::ControlModifier);
+            return m.codigo.text() + '|' + aviso;
+        };
+        QCOMPARE(pegue(" a\tb\r\n"), "a b|");
+        QCOMPARE(pegue("1234567890"),
+                 "12345678|Se tomaron 8 de 10 letras de lo pegado: no caben más.");
+        m.cuentas.Cancel();
+        m.cuentas.FieldByName("CUEN_COD").EditMask = "99999;0; ";
+        m.cuentas.Next();
+        QCOMPARE(pegue("98765\n"), "98765|");
+        QCOMPARE(pegue("98-7"), "98765|Lo pegado no entra aquí: '98-7'.");
+        QApplication::clipboard()->setText("43\n");
+        QContextMenuEvent pide(QContextMenuEvent::Keyboard, {});
+        QApplication::sendEvent(&m.codigo, &pide);
+        QWidget* menu = QApplication::activePopupWidget();
+        for (QAction* accion : menu->actions())
+            if (accion->text().startsWith(QLineEdit::tr("&Paste")))
+                accion->trigger();
+        menu->close();
+        QCOMPARE(m.codigo.text(), "43");
+        diga_salidas({});
     }
 
     void rechazo_silencioso_de_un_evento_deja_el_campo_como_lo_dejo_el_evento() {

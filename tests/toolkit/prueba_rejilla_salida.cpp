@@ -71,7 +71,7 @@ private slots:
         p.detalle->FieldByName("CUEN_COD").OnChange = [&](Campo&) { ++cambios; };
         p.detalle->vaya_a(2);
         p.rejilla->SelectedIndex(p.Cuenta);
-        ponga("5105\tSueldos\tViajes\t1,250.50\t\ts\r\n5195\tÚtiles\tVAR\t20\t0\tno\r\n");
+        ponga("5105\tSueldos\tViajes\t1,250.50\t\ts\r\n\"5195\n\"\tÚtiles\tVAR\t20\t0\tno\r\n");
         Interlocutor i;
         espere_anuncio(i);
         p.tecla(Qt::Key_V, Qt::ControlModifier);
@@ -82,11 +82,16 @@ private slots:
         QCOMPARE(p.en(2, "CONC_COD"), "VIA");
         QCOMPARE(p.en(2, "CODE_DEBITO"), "1250.5");
         QCOMPARE(p.en(2, "CODE_DESCONTABLE"), "S");
-        QCOMPARE(p.en(3, "CODE_CONCEPTO"), "Útiles");
+        QCOMPARE(p.en(3, "CUEN_COD") + p.en(3, "CODE_CONCEPTO"), "5195Útiles");
         QCOMPARE(p.en(3, "CONC_COD"), "VAR");
         QCOMPARE(p.en(3, "CODE_DESCONTABLE"), "N");
         QCOMPARE(p.detalle->State(), Estado::Insercion); // la última queda por grabar
         QCOMPARE(p.rejilla->suma(p.Debito), Moneda::de_texto("1570.5"));
+        p.rejilla->SelectedIndex(p.Cuenta);
+        p.digite("1");
+        ponga("51\n"); // en la celda abierta
+        p.tecla(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(p.editor()->text(), "151");
     }
 
     void pegar_lo_mismo_no_quita_el_paso_atras_que_habia() {

@@ -1,5 +1,6 @@
 #include "toolkit/controles/controldato.h"
 
+#include "toolkit/controles/rehusado.h"
 #include "toolkit/proteccion.h"
 
 #include <QScopedValueRollback>
@@ -63,14 +64,21 @@ void ControlDato::guarde() {
     if (!modificado_ || escribiendo_)
         return;
     QScopedValueRollback<bool> guarda(escribiendo_, true);
-    modificado_ = false;
     Campo* c = campo();
-    if (!c || !c->conjunto().editando()) {
-        refresque();
-        return;
-    }
+    if (!c || !c->conjunto().editando())
+        return restaure();
+    Valor leido;
     try {
-        c->asigne(contenido());
+        leido = c->convierta(contenido());
+    } catch (...) {
+        // Lo escrito sigue a la vista, para corregirlo sin digitarlo otra vez.
+        if (!senale_lo_rehusado(*widget()))
+            restaure();
+        throw;
+    }
+    modificado_ = false;
+    try {
+        c->asigne(leido);
     } catch (...) {
         refresque();
         throw;
@@ -126,9 +134,11 @@ void ControlDato::foco_perdido(Qt::FocusReason razon) {
     con_foco_ = false;
     if (!escriba()) {
         QWidget* w = widget();
-        QTimer::singleShot(0, w, [w] {
+        QTimer::singleShot(0, w, [this, w] {
             if (w->isVisible() && w->isEnabled())
                 w->setFocus();
+            if (modificado_)
+                senale_lo_rehusado(*w);
         });
         return;
     }

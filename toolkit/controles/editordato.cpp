@@ -1,6 +1,8 @@
 #include "toolkit/controles/editordato.h"
 
+#include "datos/firebird/letras.h"
 #include "toolkit/controles/muestra_operacion.h"
+#include "toolkit/controles/pegado_en_linea.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
@@ -17,6 +19,7 @@ constexpr int kAnchoMaximo = 40, kAnchoFijo = 26;
 
 EditorDato::EditorDato(QWidget* padre) : QLineEdit(padre) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    cuide_lo_pegado(*this);
     auto* muestra = new MuestraOperacion(this, [this] {
         return numerico() && !isReadOnly() ? decimales_de_operacion(*definicion()) : -1;
     });
@@ -133,7 +136,7 @@ Valor EditorDato::contenido() const {
                                   accessibleName().isEmpty() ? c->etiqueta() : accessibleName());
     if (c && c->clase == ClaseCampo::Fecha && text().trimmed().isEmpty())
         return Valor();
-    return Valor(text());
+    return Valor(c && c->clase == ClaseCampo::Memo ? text() : controles_a_blancos(text()));
 }
 
 void EditorDato::aplique_permiso() {
@@ -145,7 +148,8 @@ void EditorDato::aplique_permiso() {
 void EditorDato::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
         if (!escriba()) {
-            selectAll();
+            if (!modificado())
+                selectAll();
             evento->accept();
             return;
         }

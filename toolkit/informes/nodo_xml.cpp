@@ -11,9 +11,7 @@ namespace informes {
 
 void falle_en_plantilla(const QString& ruta, int linea, const QString& que) {
     throw ErrorInforme(QStringLiteral("La plantilla de informes \"%1\", línea %2: %3.")
-                           .arg(QFileInfo(ruta).fileName())
-                           .arg(linea)
-                           .arg(que));
+                           .arg(QFileInfo(ruta).fileName(), QString::number(linea), que));
 }
 
 namespace {

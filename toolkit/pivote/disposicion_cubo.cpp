@@ -36,9 +36,7 @@ public:
 private:
     [[noreturn]] void falle(const QString& que) const {
         throw ErrorDatos(QStringLiteral("%1, renglón %2: %3.")
-                             .arg(QFileInfo(archivo_).fileName())
-                             .arg(renglon_)
-                             .arg(que));
+                             .arg(QFileInfo(archivo_).fileName(), QString::number(renglon_), que));
     }
     QString campo(const QString& nombre) const {
         if (!campos_.contains(nombre))

@@ -4,6 +4,7 @@
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/lista_sugerencias.h"
 #include "toolkit/controles/muestra_operacion.h"
+#include "toolkit/controles/pegado_en_linea.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
@@ -21,6 +22,7 @@ EditorCelda::EditorCelda(QWidget* padre) : QLineEdit(padre) {
     setObjectName(QStringLiteral("editor_celda"));
     setFrame(false);
     setContextMenuPolicy(Qt::NoContextMenu); // el menú es el de la rejilla
+    cuide_lo_pegado(*this);
     hide();
     resultado_ = new MuestraOperacion(this, [this] { return decimales_; });
     connect(this, &QLineEdit::textEdited, this, [this] {

@@ -2,6 +2,7 @@
 // pasa al campo, ColExit, la fila se graba si se sale de ella, el cursor se mueve, ColEnter.
 #include "toolkit/rejilla/rejilla.h"
 
+#include "datos/firebird/letras.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
@@ -336,7 +337,9 @@ void Rejilla::asigne(int columna, const QString& texto) {
     if (modelo_->numerica(columna))
         c.campo->asigne(contenido_numerico(valor, *c.campo, c.Titulo()));
     else
-        c.campo->asigne(valor.isEmpty() ? Valor() : Valor(valor));
+        c.campo->asigne(valor.isEmpty()                       ? Valor()
+                        : c.campo->clase == ClaseCampo::Texto ? Valor(controles_a_blancos(valor))
+                                                              : Valor(valor));
 }
 
 void Rejilla::escriba_pendiente() {

@@ -97,9 +97,7 @@ void Rejilla::ejecute_orden(Orden orden) {
         case Copiar:
             return copie();
         case Pegar:
-            return digitando()
-                       ? pegue()
-                       : pegue_con_anuncio(*this, lea_tabulado(QApplication::clipboard()->text()));
+            return digitando() ? pegue() : pegue_con_anuncio(*this, tabla_pegada());
         case Borrar:
             return borre_seleccion();
         case SeleccionarTodo:

@@ -1,6 +1,7 @@
 // Filas marcadas y portapapeles.
 #include "toolkit/rejilla/rejilla.h"
 
+#include "toolkit/controles/pegado_en_linea.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/editor_celda.h"
@@ -277,12 +278,12 @@ bool Rejilla::pase_a_la_fila_pegada(int& fila, bool primera) {
 
 void Rejilla::pegue() {
     if (digitando()) {
-        editor_->paste();
+        pegue_en_linea(*editor_);
         editor_->modificado(true);
         return;
     }
     if (puede_pegar())
-        pegue(lea_tabulado(QApplication::clipboard()->text()));
+        pegue(tabla_pegada());
 }
 
 void Rejilla::pegue(const TextoTabulado& tabla) {

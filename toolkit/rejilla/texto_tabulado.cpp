@@ -1,5 +1,10 @@
 #include "toolkit/rejilla/texto_tabulado.h"
 
+#include "datos/firebird/letras.h"
+
+#include <QApplication>
+#include <QClipboard>
+
 QString escriba_tabulado(const TextoTabulado& tabla) {
     QStringList lineas;
     for (const QStringList& fila : tabla) {
@@ -69,5 +74,13 @@ TextoTabulado lea_tabulado(const QString& texto) {
         ++i;
     }
     tabla << fila;
+    return tabla;
+}
+
+TextoTabulado tabla_pegada() {
+    TextoTabulado tabla = lea_tabulado(QApplication::clipboard()->text());
+    for (QStringList& fila : tabla)
+        for (QString& celda : fila)
+            celda = en_un_renglon(celda);
     return tabla;
 }

@@ -10,3 +10,5 @@ using TextoTabulado = QVector<QStringList>;
 
 QString escriba_tabulado(const TextoTabulado& tabla);
 TextoTabulado lea_tabulado(const QString& texto);
+/// Lo que hay en el portapapeles, con cada celda en un renglón.
+TextoTabulado tabla_pegada();
