@@ -1,7 +1,6 @@
 #include "exchange/copia_compania.h"
 
 #include "datos/firebird/version_esquema.h"
-#include "exchange/mantenimiento.h"
 
 namespace {
 
@@ -98,6 +97,7 @@ void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango) {
         cuentas << c->valor(0).texto();
     base.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
         plan_que_se_va(t, true);
+        suelte_ajustes(t, libro, rango, rango);
         const auto borre =
             base.prepare(QStringLiteral("delete from %1 where cuen_cod = ?").arg(tabla), t);
         for (const QString& cuenta : cuentas)

@@ -1,7 +1,6 @@
 #pragma once
 // Copia de catálogos entre dos compañías de una instalación: dos bases, cada una por su conexión.
-#include "datos/firebird/conexion.h"
-#include "libro/libro.h"
+#include "exchange/mantenimiento.h"
 
 /// Base de otra compañía, en el mismo sitio y con el mismo usuario que la de la sesión.
 ParametrosConexion base_de_compania(const ParametrosConexion& de_la_sesion, const QString& propia,
@@ -9,9 +8,6 @@ ParametrosConexion base_de_compania(const ParametrosConexion& de_la_sesion, cons
 /// Lanza ErrorDatos si la base es de otra versión del esquema.
 void exija_version(Conexion& base);
 
-struct RangoCodigos {
-    QString desde, hasta;
-};
 struct ResultadoCopia {
     qint64 copiados = 0;
     qint64 omitidos = 0; ///< de un nivel más profundo, o que ya estaban

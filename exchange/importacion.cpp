@@ -1,5 +1,6 @@
 #include "exchange/importacion.h"
 
+#include "exchange/diario_importacion.h"
 #include "libro/catalogos.h"
 
 #include <QFileInfo>
@@ -70,6 +71,8 @@ QString ResultadoImportacion::resumen() const {
                         .arg(grabados)
                         .arg(rechazados.size())
                         .arg(omitidos);
+    if (de_antes != 0)
+        texto += QStringLiteral("; de antes de cortarse: %1").arg(de_antes);
     if (agregados != 0)
         texto += QStringLiteral("; agregados a comprobantes que ya estaban: %1").arg(agregados);
     if (!avisos.isEmpty())
@@ -105,13 +108,16 @@ ResultadoImportacion Importacion::corra() {
     proximo_ = 0;
     if (peticion_.ensayo)
         todo_junto();
+    if (diario)
+        diario->empiece();
     qint64 leidos = 0;
     try {
         prepare();
         LectorRegistros lector(peticion_.separador, peticion_.delimitador,
                                [&](const RegistroLeido& registro) {
                                    ++resultado_.leidos;
-                                   procese(registro);
+                                   if (!resuelto_antes(registro))
+                                       procese(registro);
                                    leidos += registro.crudo.size() + 1;
                                    avance_de(leidos, total);
                                });
@@ -124,6 +130,8 @@ ResultadoImportacion Importacion::corra() {
         }
         termine();
         avise_lo_que_quedo(lector);
+        if (diario)
+            diario->termine();
     } catch (const Cancelada&) {
         detengase();
     } catch (const ErrorDatos& falla) {
@@ -134,6 +142,15 @@ ResultadoImportacion Importacion::corra() {
     }
     junto_.reset(); // lo que no se confirmó se deshace
     return resultado_;
+}
+
+bool Importacion::resuelto_antes(const RegistroLeido& registro) {
+    if (!diario || registro.renglon > diario->desde().hasta)
+        return false;
+    ++resultado_.de_antes;
+    if (const QString razon = diario->desde().rechazados.value(registro.renglon); !razon.isEmpty())
+        resultado_.rechazados.append({registro.renglon, registro.crudo, razon});
+    return true;
 }
 
 void Importacion::detengase() {
@@ -210,6 +227,8 @@ void Importacion::confirme_junto() {
 
 void Importacion::rechace(const RegistroLeido& registro, const QString& razon) {
     resultado_.rechazados.append({registro.renglon, registro.crudo, razon});
+    if (diario)
+        diario->rechazado(registro.renglon, razon);
 }
 
 // ---------------------------------------------------------------- reglas de las líneas

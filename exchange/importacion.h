@@ -40,6 +40,7 @@ struct RenglonRechazado {
 struct ResultadoImportacion {
     qint64 leidos = 0, grabados = 0;
     qint64 omitidos = 0;  ///< en blanco, o de una cuenta o un tercero que ya existían
+    qint64 de_antes = 0;  ///< resueltos por la que se cortó; sus rechazados se repiten aquí
     qint64 agregados = 0; ///< de los grabados, los de comprobantes que ya estaban antes de empezar
     QVector<RenglonRechazado> rechazados;
     QStringList avisos; ///< de lo que entró incompleto, también anotados
@@ -59,6 +60,8 @@ struct LlaveComprobante {
     bool operator==(const LlaveComprobante&) const = default;
 };
 
+class DiarioImportacion;
+
 class Importacion {
 public:
     Importacion(Conexion& conexion, const PeticionImportacion& peticion,
@@ -70,6 +73,9 @@ public:
     /// Recibe lo que se está leyendo y el avance, de 0 a 100; falso detiene el trabajo ahí. Lo que
     /// ya se grabó queda.
     std::function<bool(const QString& que, int ciento)> avance;
+
+    /// Donde anota por dónde va, y lo que dejó la que sigue; solo de comprobantes y sin ensayo.
+    DiarioImportacion* diario = nullptr;
 
     /// Lanza ErrorDatos si el archivo no se puede abrir, es de menos de cinco octetos o está en
     /// Unicode, antes de escribir nada. Después, una falla que no es de un renglón la detiene: va
@@ -107,6 +113,7 @@ protected:
 
 private:
     void avance_de(qint64 leidos, qint64 total);
+    bool resuelto_antes(const RegistroLeido& registro);
     void detengase();
     void avise_lo_que_quedo(const LectorRegistros& lector);
 

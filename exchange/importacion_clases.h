@@ -86,6 +86,7 @@ public:
         : Importacion(conexion, peticion, ajustes, usuario), revisor_(conexion, libro()) {}
 
 protected:
+    void prepare() override;
     void procese(const RegistroLeido& registro) override;
     void termine() override { cierre(); }
 
@@ -105,6 +106,8 @@ private:
     QString llave_prefijo() const;
     void inserte_prefijo(Transaccion& t);
     QString asegure_prefijo();
+    /// Es el que la importación cortada iba a grabar, y alcanzó.
+    bool ya_entro();
     QString asiente();
     void ponga_lineas(Transaccion& t);
     QString revise_en_base(Transaccion& t);

@@ -1,4 +1,5 @@
 // Importación de comprobantes a un libro.
+#include "exchange/diario_importacion.h"
 #include "exchange/importacion_clases.h"
 
 #include "libro/numeracion.h"
@@ -27,6 +28,12 @@ const QStringList kLinea{"CUEN_COD",  "TERC_NIT",  "PROY_COD",    "CENT_COD",   
                          "CODE_BASE", "CODE_PORC", "CODE_DEBITO", "CODE_CREDITO"};
 
 } // namespace
+
+void ImportacionComprobantes::prepare() {
+    if (diario)
+        for (const LlaveComprobante& l : diario->desde().nuevos)
+            nuevos_.insert(unida(l));
+}
 
 void ImportacionComprobantes::procese(const RegistroLeido& registro) {
     QString razon = lea(registro, kEncabezado);
@@ -142,11 +149,13 @@ void ImportacionComprobantes::cierre() {
         falla = QStringLiteral("Comprobante descuadrado.");
     if (falla.isEmpty() && id_ == 0 && !supuesto_)
         falla = asegure_prefijo();
-    if (falla.isEmpty())
+    if (falla.isEmpty() && !ya_entro())
         falla = asiente();
     if (!falla.isEmpty() && anote)
         anote(falla, llave_);
     reparta(falla);
+    if (falla.isEmpty() && diario)
+        diario->grabado(renglones_.last().registro.renglon);
 }
 
 void ImportacionComprobantes::reparta(const QString& falla) {
@@ -203,12 +212,45 @@ QString ImportacionComprobantes::asegure_prefijo() {
     return falla;
 }
 
+bool ImportacionComprobantes::ya_entro() {
+    if (!diario || id_ == 0)
+        return false;
+    const auto duda = diario->desde().en_duda.constFind(renglones_.first().registro.renglon);
+    if (duda == diario->desde().en_duda.constEnd())
+        return false;
+    QHash<qint64, QString> hay;
+    const auto linea = [](const QString& cuenta, Moneda debito, Moneda credito) {
+        return cuenta + ' ' + debito.formateada() + ' ' + credito.formateada();
+    };
+    const auto c = conexion_.abra(
+        QStringLiteral("select code_item, cuen_cod, code_debito, code_credito from %1 where "
+                       "enco_consec = ?")
+            .arg(QLatin1String(datos(libro()).detalle)),
+        {id_});
+    while (c->siguiente())
+        hay[c->valor(0).entero()] =
+            linea(c->valor(1).texto(), c->valor(2).moneda(), c->valor(3).moneda());
+    int item = duda->ultimo;
+    for (const Renglon& r : renglones_) {
+        const LineaComprobante& l = r.linea;
+        if (++item; r.entra() && hay.value(item) != linea(l.cuenta, l.debito, l.credito))
+            return false;
+    }
+    if (duda->ultimo == 0)
+        nuevos_.insert(unida(llave_));
+    return true;
+}
+
 QString ImportacionComprobantes::asiente() {
-    if (!peticion_.ensayo)
+    if (!peticion_.ensayo) {
+        if (diario)
+            diario->por_grabar(renglones_.first().registro.renglon, ultimo_ - renglones_.size(),
+                               llave_);
         return escriba([this](Transaccion& t) {
             ponga_lineas(t);
             grabe(t);
         });
+    }
     try {
         Transaccion t(conexion_, ModoTransaccion::Escritura); // se deshace
         ponga_lineas(t);

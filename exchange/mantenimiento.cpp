@@ -99,6 +99,41 @@ void plan_que_se_va(Transaccion& t, bool llega_otro) {
         ->ejecute(t, {});
 }
 
+void suelte_ajustes(Transaccion& t, Libro libro, const RangoCodigos& quienes,
+                    const RangoCodigos& se_van) {
+    const QString suelte = QStringLiteral("%1 = iif(%1 >= ? and %1 <= ?, null, %1)"),
+                  apunta = QStringLiteral("%1 >= ? and %1 <= ?"),
+                  ajuste = QStringLiteral("cuen_ctajuste"),
+                  correccion = QStringLiteral("cuen_ctacorrecion");
+    const QVector<Valor> valores{se_van.desde,  se_van.hasta,  se_van.desde, se_van.hasta,
+                                 quienes.desde, quienes.hasta, se_van.desde, se_van.hasta,
+                                 se_van.desde,  se_van.hasta};
+    t.conexion()
+        .prepare(QStringLiteral("update %1 set %2, %3 where cuen_cod >= ? and cuen_cod <= ? and "
+                                "(%4 or %5)")
+                     .arg(QLatin1String(datos(libro).cuentas), suelte.arg(ajuste),
+                          suelte.arg(correccion), apunta.arg(ajuste), apunta.arg(correccion)),
+                 t)
+        ->ejecute(t, valores);
+}
+
+namespace {
+
+/// De cada cuenta del rango que otra más baja nombra como de ajuste o contrapartida, la más baja.
+QHash<QString, QString> quien_nombra(Conexion& conexion, const RangoCodigos& rango) {
+    QHash<QString, QString> quien;
+    const auto c = conexion.abra(
+        "select x.nombrada, min(x.cuenta) from (select cuen_ctajuste, cuen_cod from cuentas union "
+        "all select cuen_ctacorrecion, cuen_cod from cuentas) x (nombrada, cuenta) where x.cuenta "
+        ">= ? and x.nombrada > x.cuenta and x.nombrada <= ? group by 1",
+        {rango.desde, rango.hasta});
+    while (c->siguiente())
+        quien.insert(c->valor(0).texto(), c->valor(1).texto());
+    return quien;
+}
+
+} // namespace
+
 CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QString& hasta,
                               const std::function<void(const QString&)>& avance) {
     QStringList cuentas;
@@ -107,16 +142,33 @@ CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QS
                       " and cuen_cod <= " + QuotedStr(hasta) + " order by cuen_cod desc");
     while (c->siguiente())
         cuentas << c->valor(0).texto();
+    const QHash<QString, QString> quien = quien_nombra(conexion, {desde, hasta});
     CuentasBorradas r;
-    for (const QString& cuenta : cuentas) {
-        if (avance)
-            avance(cuenta);
+    for (qsizetype van = 0; van < cuentas.size();) {
+        QString cuenta;
+        // Una cuenta de ajuste se va con la que la nombra, o las dos se quedan como estaban.
+        const auto borre_juntas = [&](Transaccion& t) {
+            plan_que_se_va(t, false);
+            const auto borre = conexion.prepare("delete from cuentas where cuen_cod = ?", t);
+            qint64 borradas = 0;
+            qsizetype i = van;
+            for (QString ultima = cuentas[i]; i < cuentas.size() && cuentas[i] >= ultima; ++i) {
+                cuenta = cuentas[i];
+                if (avance)
+                    avance(cuenta);
+                if (const auto q = quien.constFind(cuenta); q != quien.constEnd()) {
+                    ultima = qMin(ultima, *q);
+                    suelte_ajustes(t, Libro::Decreto2649, {desde, hasta}, {cuenta, cuenta});
+                }
+                borradas += borre->ejecute(t, {cuenta});
+            }
+            return std::pair{i, borradas};
+        };
         try {
-            r.borradas += conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
-                plan_que_se_va(t, false);
-                return conexion.prepare("delete from cuentas where cuen_cod = ?", t)
-                    ->ejecute(t, {cuenta});
-            });
+            const auto [hasta_aqui, borradas] =
+                conexion.en_transaccion(ModoTransaccion::Escritura, borre_juntas);
+            van = hasta_aqui;
+            r.borradas += borradas;
         } catch (const ErrorBase& falla) {
             if (falla.conexion_perdida())
                 throw;

@@ -57,14 +57,22 @@ CifrasMantenimiento borre_movimientos(Conexion& conexion, const RangoBorrado& ra
 /// En esta transacción el plan se va: a sus cuentas ya no las retiene que la configuración las
 /// nombre ni, si `llega_otro` enseguida, que las nombren las interfaces y los certificados.
 void plan_que_se_va(Transaccion& t, bool llega_otro);
+struct RangoCodigos {
+    QString desde, hasta;
+};
+/// Las cuentas de `quienes` dejan de nombrar, como de ajuste o contrapartida, a las que `se_van`:
+/// la de ajuste suele ir después de la suya, y borrarla primero se rehusaría.
+void suelte_ajustes(Transaccion& t, Libro libro, const RangoCodigos& quienes,
+                    const RangoCodigos& se_van);
 
 struct CuentasBorradas {
     qint64 borradas = 0;
     QString detenida; ///< la cuenta que no se dejó borrar
     QString razon;
 };
-/// Borra el plan 2649 entre dos cuentas, las más profundas primero y cada una por su cuenta: se
-/// detiene en la primera que la base rehúsa, y lo borrado hasta ahí queda borrado.
+/// Borra el plan 2649 entre dos cuentas, las más profundas primero y cada una por su cuenta, salvo
+/// las de ajuste, que se van con la que las nombra. Se detiene en la primera que la base rehúsa, y
+/// lo borrado hasta ahí queda borrado.
 CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QString& hasta,
                               const std::function<void(const QString&)>& avance = {});
 

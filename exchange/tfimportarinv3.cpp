@@ -9,6 +9,10 @@
 namespace {
 /// En el orden de su lista: ninguno, comillas y comilla simple.
 constexpr char kDelimitadores[] = {0, 0x22, 0x27};
+
+bool hay_columna(qint64 columna) {
+    return columna >= 1 && columna <= LectorRegistros::kColumnas;
+}
 } // namespace
 
 Tfimportarinv3::Tfimportarinv3()
@@ -27,12 +31,15 @@ void Tfimportarinv3::defina_conjuntos() {
     ConjuntoDatos& c = CImportacion;
     c.texto("DATO", 60).ReadOnly = true;
     c.entero("COLUMNA").etiqueta("Columna").OnValidate = [](Campo&, const Valor& v) {
-        if (!v.nulo() && (v.entero() < 0 || v.entero() > LectorRegistros::kColumnas))
+        if (!v.nulo() && !hay_columna(v.entero()))
             throw ErrorDatos(QStringLiteral("La columna debe estar entre 1 y %1.")
                                  .arg(LectorRegistros::kColumnas));
     };
     c.busqueda("NomDato", 50, "DATO", &CNombres, "NOMBRE", "DESCRIPCION");
-    c.entero("ANCHO").etiqueta("Ancho");
+    c.entero("ANCHO").etiqueta("Ancho").OnValidate = [](Campo&, const Valor& v) {
+        if (v.entero() < 0)
+            throw ErrorDatos(QStringLiteral("El ancho no puede ser negativo."));
+    };
     c.texto("IMPORTAR", 2).etiqueta("Importar").OnValidate = [](Campo&, const Valor& v) {
         if (v.texto() != "SI" && v.texto() != "NO")
             throw ErrorDatos(QStringLiteral("En Importar solo vale SI o NO."));
@@ -91,11 +98,15 @@ void Tfimportarinv3::llene_columnas() {
         const QString dato = CImportar.FieldByName("IMIN_DATO").texto();
         const auto antes = std::find_if(anteriores.begin(), anteriores.end(),
                                         [&](const auto& c) { return c.dato == dato; });
-        const bool recordada = antes != anteriores.end();
-        renglones << Renglon{
-            dato,
-            recordada ? Valor(qAbs(antes->columna)) : CImportar.FieldByName("IMIN_COLUMNA").valor(),
-            CImportar.FieldByName("IMIN_ANCHO").valor(), !recordada || antes->columna >= 0};
+        // Lo que no es una columna no se puede poner en la rejilla; vacía se recuerda como cero.
+        const bool recordada =
+            antes != anteriores.end() && (antes->columna == 0 || hay_columna(qAbs(antes->columna)));
+        const qint64 columna =
+            recordada ? qAbs(antes->columna) : CImportar.FieldByName("IMIN_COLUMNA").entero();
+        const Valor ancho = CImportar.FieldByName("IMIN_ANCHO").valor();
+        renglones << Renglon{dato, hay_columna(columna) ? Valor(columna) : Valor(),
+                             ancho.entero() < 0 ? Valor() : ancho,
+                             !recordada || antes->columna >= 0};
     }
     // Por columna al abrir. Un índice se llevaría la fila de debajo de quien la cambia.
     std::stable_sort(renglones.begin(), renglones.end(), [](const Renglon& a, const Renglon& b) {
@@ -155,6 +166,8 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
         importacion->anote = [this](const QString& mensaje, const LlaveComprobante& llave) {
             error_importacion(mensaje, llave);
         };
+    if (!ensayo && diario_)
+        importacion->diario = &*diario_;
     sin_bitacora_.clear();
     ResultadoImportacion resultado;
     {
@@ -172,13 +185,45 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
     recuerde_importacion({resultado, asistente_.archivo});
     if (AvisosBarra* barra = fdm().barra())
         barra->texto(resultado.resumen());
+    if (importacion->diario && diario_->sin_escribir())
+        fdm().mostrar_advertencia("No se pudo escribir en " + diario_->ruta() +
+                                  ": si se repite este archivo, lo que entró se agrega otra vez.");
     if (!sin_bitacora_.isEmpty())
         fdm().mostrar_advertencia("No se pudo escribir en " + sin_bitacora_ +
                                   ": F8 muestra los rechazados.");
     return resultado;
 }
 
+bool Tfimportarinv3::prepare_diario() {
+    diario_.reset();
+    if (asistente_.clase() != ClaseImportacion::Comprobantes)
+        return true;
+    Conexion& base = fdm().Quorvex;
+    diario_.emplace(diraplicacion_callada(), base.parametros().base,
+                    asistente_.niif ? Libro::Niif : Libro::Decreto2649, asistente_.archivo);
+    const auto anterior = diario_->anterior(base);
+    if (!anterior)
+        return true;
+    QString texto = QStringLiteral("La importación anterior de este archivo se detuvo ");
+    texto += anterior->hasta == 0
+                 ? QStringLiteral("en el primer comprobante")
+                 : QStringLiteral("después del comprobante %1 %2 %3, renglón %4")
+                       .arg(anterior->llave.tipo, anterior->llave.prefijo, anterior->llave.numero)
+                       .arg(anterior->hasta);
+    if (anterior->cambio_el_archivo)
+        return pregunte_con_no(texto + ", y el archivo cambió desde entonces: las líneas de lo que "
+                                       "ya entró se agregarían otra vez. Desea importarlo todo?");
+    const Respuesta r = pregunte_botones(texto + ". Si se importa todo de nuevo, las líneas de lo "
+                                                 "que ya entró se agregan otra vez.",
+                                         {"Seguir desde allí", "Todo de nuevo"});
+    if (r == Primera)
+        diario_->siga(*anterior);
+    return r != Ninguna;
+}
+
 void Tfimportarinv3::SpeedButton1Click() {
+    if (!prepare_diario())
+        return;
     const ResultadoImportacion resultado = corra(false);
     emit fdmcnt().balance_por_recalcular();
     const QString hasta_aqui = resultado.siguen_los_anteriores

@@ -2,6 +2,7 @@
 // "Importación de datos contables 3/3": en qué columna está cada dato; y la importación.
 #include "datos/recordset/conjunto.h"
 #include "exchange/asistente_importacion.h"
+#include "exchange/diario_importacion.h"
 #include "sesion/tfdm.h"
 #include "toolkit/pantalla.h"
 
@@ -35,6 +36,8 @@ private:
     void llene_columnas();
     QVector<ColumnaImportacion> columnas(bool todas) const;
     PeticionImportacion peticion_de(bool ensayo);
+    /// Pregunta si se sigue la que se cortó con este archivo. Falso: no se importa.
+    bool prepare_diario();
     void SpeedButton1Click();
     void SBEnsayoClick();
     ResultadoImportacion corra(bool ensayo);
@@ -43,5 +46,6 @@ private:
     void error_importacion(const QString& mensaje, const LlaveComprobante& llave);
 
     AsistenteImportacion asistente_;
+    std::optional<DiarioImportacion> diario_;
     QString sin_bitacora_; ///< la que no se dejó escribir
 };

@@ -13,7 +13,9 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QTemporaryDir>
+#include <memory>
 
 namespace {
 
@@ -43,6 +45,12 @@ public:
         : parametros_(parametros),
           ruta_(s.ubicacion().carpetas_alcanzables() ? s.ubicacion().ruta_de(parametros.base)
                                                      : QString()) {
+        for (QString c = QFileInfo(ruta_).path(); !ruta_.isEmpty() && !QDir(c).exists();
+             c = QFileInfo(c).path())
+            hechas_ << c;
+        s.ubicacion().prepare_carpeta(parametros.base);
+        if (!s.ubicacion().en_servidor())
+            tome_turno();
         if (!ruta_.isEmpty() && QFileInfo::exists(ruta_)) {
             if (!quedo_a_medias(parametros_))
                 throw ErrorDatos(
@@ -53,14 +61,10 @@ public:
             definitiva_ = ruta_;
             parametros_.base = ruta_ += QStringLiteral(".nueva");
             if (QFileInfo::exists(ruta_)) {
-                (void)quedo_a_medias(parametros_); // otra creación en curso lanza
+                (void)quedo_a_medias(parametros_); // otra sesión que la tenga lanza
                 QFile::remove(ruta_);
             }
         }
-        for (QString c = QFileInfo(ruta_).path(); !ruta_.isEmpty() && !QDir(c).exists();
-             c = QFileInfo(c).path())
-            hechas_ << c;
-        s.ubicacion().prepare_carpeta(parametros.base);
         ParametrosConexion nueva = parametros_;
         nueva.escritura_forzada = false;
         try {
@@ -93,6 +97,17 @@ public:
     Conexion base;
 
 private:
+    /// Dos programas que crean la misma se borrarían el archivo el uno al otro. El turno de uno que
+    /// murió no vale.
+    void tome_turno() {
+        turno_ = std::make_unique<QLockFile>(ruta_ + QStringLiteral(".creando"));
+        turno_->setStaleLockTime(0);
+        // Si no se puede escribir ahí, lo dirá la creación.
+        if (!turno_->tryLock(0) && turno_->error() == QLockFile::LockFailedError)
+            throw ErrorDatos(QStringLiteral("Otro programa está creando la base de datos %1. "
+                                            "Espere a que termine.")
+                                 .arg(parametros_.base));
+    }
     static void borre(const ParametrosConexion& base) {
         Conexion c;
         c.conectar(base);
@@ -109,6 +124,7 @@ private:
             if (!ruta_.isEmpty())
                 QFile::remove(ruta_);
         }
+        turno_.reset();
         for (const QString& carpeta : hechas_)
             QDir().rmdir(carpeta);
     }
@@ -117,6 +133,7 @@ private:
     QString ruta_;       ///< vacía si no se alcanza desde aquí
     QString definitiva_; ///< la que toma al final; vacía si es la misma
     QStringList hechas_; ///< carpetas que no existían, de la más honda a la menos
+    std::unique_ptr<QLockFile> turno_;
     bool creada_ = false;
     bool conservada_ = false;
 };
@@ -130,6 +147,30 @@ void cree_general(const Sesion& s) {
 void crear_general(const Sesion& s) {
     cree_general(s);
     diga(QStringLiteral("Base general creada en %1.").arg(s.general().base));
+}
+
+/// Registra la que quedó completa porque el programa murió antes de registrarla. Falso: no hay tal.
+bool registre_la_completa(const Sesion& s, Conexion& general, const DatosCompania& d) {
+    const ParametrosConexion p = s.compania(d.codigo);
+    if (!s.ubicacion().carpetas_alcanzables() ||
+        !QFileInfo::exists(s.ubicacion().ruta_de(p.base)) || companias(general).contains(d.codigo))
+        return false;
+    try {
+        Conexion c;
+        c.conectar(p);
+        if (!negativa_de_version(TipoBase::Compania, version_de_esquema(c)).isEmpty())
+            return false;
+        (void)c.consulte("select first 1 enco_consec from comprobante_encabezado");
+    } catch (const ErrorBase& e) {
+        if (e.clase() == ClaseFalla::EnUso)
+            throw;
+        return false; // no es una base, o no lo acabó de ser
+    }
+    registre_compania(general, d);
+    diga(QStringLiteral("La base de la compañía %1 ya estaba completa en %2 y no figuraba: quedó "
+                        "registrada.")
+             .arg(d.codigo, p.base));
+    return true;
 }
 
 void crear_compania(const Sesion& s) {
@@ -146,6 +187,8 @@ void crear_compania(const Sesion& s) {
     d.mes_inicio = a.entero(QStringLiteral("mes-inicio"), 1, 1, 12);
     Conexion general;
     general.conectar(s.general());
+    if (registre_la_completa(s, general, d))
+        return;
     BaseNueva nueva(s, s.compania(d.codigo), TipoBase::Compania);
     configure_compania(nueva.base, d);
     nueva.asegure();

@@ -39,7 +39,15 @@ QString fila_con_nombres(const Cursor& filas) {
     return partes.join(QStringLiteral(", "));
 }
 
+bool sin_plan_niif(Conexion& c, Transaccion& foto) {
+    Cursor plan(c.prepare("select first 1 cuen_cod from cuentas_niif", foto), foto, {});
+    return !plan.siguiente();
+}
+
 void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos) {
+    // Sin el plan NIIF toda equivalente sobra, y lo que falta es una sola cosa.
+    const bool sin_plan = sin_plan_niif(c, foto);
+    int sin_cuenta = 0;
     Cursor filas(c.prepare(QStringLiteral("select comprobante, libro, causa, detalle"
                                           " from verifique_libros union all"
                                           " select '', libro, causa, detalle"
@@ -49,6 +57,11 @@ void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos) {
     while (filas.siguiente()) {
         const QString comprobante = filas.valor(0).texto(), libro = filas.valor(1).texto(),
                       causa = filas.valor(2).texto(), detalle = filas.valor(3).texto();
+        if (sin_plan && libro == QLatin1String("NIIF") && comprobante.isEmpty() &&
+            causa == QLatin1String("se nombra una cuenta que no existe")) {
+            ++sin_cuenta;
+            continue;
+        }
         QStringList donde;
         if (!comprobante.isEmpty())
             donde << QStringLiteral("comprobante ") + comprobante;
@@ -59,6 +72,12 @@ void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos) {
             QStringLiteral("%1: %2").arg(donde.join(QStringLiteral(", ")), causa) +
                 (detalle.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(detalle)));
     }
+    if (sin_cuenta > 0)
+        hallazgos.agregue(
+            QStringLiteral("sin plan"),
+            QStringLiteral("libro NIIF: no tiene plan de cuentas y se nombran cuentas "
+                           "suyas %1 veces; copie o importe el plan NIIF")
+                .arg(sin_cuenta));
 }
 
 void revise_saldos(Conexion& c, Transaccion& foto, const QString& libro, Hallazgos& hallazgos) {

@@ -1,6 +1,7 @@
 #include "vouchers/filtros_busqueda.h"
 
 #include "datos/recordset/condicion.h"
+#include "libro/fechas.h"
 #include "toolkit/aire.h"
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/disposicion_flujo.h"
@@ -16,6 +17,10 @@ QString FiltroTexto::condicion(const QString& digitado) const {
     static constexpr const char* kSignos[] = {" = ", " >= ", " <= "};
     return comparacion == Contiene ? condicion_contiene(columna, digitado)
                                    : columna + QString(kSignos[comparacion]) + QuotedStr(digitado);
+}
+
+bool FiltroTexto::es_fecha() const {
+    return QLatin1String(rotulo).startsWith(QLatin1String("Fecha"));
 }
 
 FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto>& filtros,
@@ -42,7 +47,7 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     for (const FiltroTexto& f : filtros_) {
         auto* caja = nombrado(new QLineEdit(this), f.nombre);
         caja->setMaxLength(f.ancho);
-        if (QString(f.rotulo).startsWith("Fecha"))
+        if (f.es_fecha())
             admita_barras(caja);
         caja->installEventFilter(this);
         connect(caja, &QLineEdit::textEdited, this, [this] { pendiente_ = true; });
@@ -55,8 +60,7 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
             continue;
         }
         caja->setFixedWidth(ancho_caracteres(fontMetrics(), f.ancho + 2));
-        const bool fecha = texto.startsWith("Fecha");
-        if (fecha && fechas) {
+        if (f.es_fecha() && fechas) {
             const int fin = fechas->count() - 1; // antes del espacio que las junta
             fechas->insertSpacing(fin, paso(0.5));
             fechas->insertWidget(fin + 1, rotulo(texto, caja));
@@ -64,7 +68,7 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
             continue;
         }
         QWidget* par = Formulario::junto({rotulo(texto, caja), caja});
-        if (fecha)
+        if (f.es_fecha())
             fechas = static_cast<QBoxLayout*>(par->layout());
         (primero_largo ? static_cast<QLayout*>(abajo) : arriba->layout())->addWidget(par);
     }
@@ -128,6 +132,14 @@ QStringList FiltrosBusqueda::sobrantes(const QString& base) const {
 }
 
 void FiltrosBusqueda::busque() {
+    // Como límite vale también un comienzo de fecha ("2017"); unas letras nunca hallarían nada.
+    for (int i = 0; i < filtros_.size(); ++i)
+        if (const QString texto = cajas_[i]->text(); filtros_[i].es_fecha())
+            if (std::any_of(texto.begin(), texto.end(), [](QChar c) { return !c.isDigit(); })) {
+                cajas_[i]->setFocus();
+                muestre_mensaje(revise_fecha(texto)->texto);
+                return;
+            }
     pendiente_ = false;
     if (al_buscar)
         proteja(al_buscar);

@@ -21,6 +21,7 @@ struct FiltroTexto {
     Comparacion comparacion = Igual; ///< Contiene no distingue mayúsculas ni tildes
 
     QString condicion(const QString& digitado) const;
+    bool es_fecha() const;
 };
 
 /// Con un tipo o un texto sin buscar, Enter en él busca en vez de lo que haga la pantalla.

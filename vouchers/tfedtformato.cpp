@@ -68,6 +68,15 @@ Tfedtformato::Tfedtformato()
     for (size_t i = 1; i < std::size(orden); ++i)
         QWidget::setTabOrder(orden[i - 1], orden[i]);
     enter_como_tab();
+    // Tab en la última celda agrega una fila: sin esta tecla no se saldría de una rejilla.
+    tecla(Qt::Key_F12, "Cambiar de rejilla", [this] {
+        if (DBGridEh2->enfocada())
+            DBGridEh1->setFocus();
+        else if (DBGridEh1->enfocada())
+            grabar_->setFocus(Qt::TabFocusReason);
+        else
+            DBGridEh2->setFocus();
+    });
 }
 
 Tfedtformato::~Tfedtformato() = default;
@@ -284,10 +293,11 @@ void Tfedtformato::construya_paneles() {
 }
 
 void Tfedtformato::declare_botones(BarraBotones* barra) {
-    barra->principal(barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2, [this] {
+    grabar_ = barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2, [this] {
         if (aplique())
             close();
-    }));
+    });
+    barra->principal(grabar_);
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
                  [this] { SBCancelClick(); });
     // Las teclas que anuncian los demás letreros no hacen nada.

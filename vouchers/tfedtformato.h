@@ -62,7 +62,7 @@ private:
     void SpeedButton4Click();
 
     QWidget* ultimo_;
-    QPushButton* grafico_; ///< para el recorrido con Tab
+    QPushButton *grafico_, *grabar_; ///< para el recorrido con Tab
     QString llave_;
     int item_datos_ = 0, item_lineas_ = 0;
 };

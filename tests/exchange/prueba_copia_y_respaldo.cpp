@@ -155,6 +155,11 @@ void PruebaCopiaYRespaldo::lo_que_hay_en_el_destino_se_borra_todo_o_nada() {
     segunda();
     for (const char* cuenta : {"1", "11", "1105", "110505", "1110", "111005"})
         otra_->ejecute("insert into cuentas (cuen_cod, cuen_nom) values (?, 'Vieja')", {cuenta});
+    // Su cuenta de ajuste y la contrapartida van después de ella, como en el plan oficial.
+    otra_->ejecute("update cuentas set cuen_ctajuste = '111005', cuen_ctacorrecion = '1110' where "
+                   "cuen_cod = '110505'");
+    QVERIFY_EXCEPTION_THROWN(borre_rango(*otra_, Libro::Decreto2649, {"111005", "111005"}),
+                             ErrorBase); // la nombra una de fuera
     const QString pregunta = "Ya existen cuentas en el rango especificado en la compañía de "
                              "destino, este proceso borrará dichas cuentas. Continuar?";
     abra("Tfcopiacatalogo");
@@ -166,7 +171,8 @@ void PruebaCopiaYRespaldo::lo_que_hay_en_el_destino_se_borra_todo_o_nada() {
     i_->espere(pregunta, "Sí");
     i_->espere_comienzo("Se presento el siguiente error: ");
     oprima(Qt::Key_F2);
-    QCOMPARE(otra_->consulte("select count(*) from cuentas").entero(), 6);
+    QCOMPARE(otra_->consulte("select count(*) || max(cuen_ctajuste) from cuentas").texto(),
+             "6111005");
     // La que la configuración nombra vuelve con el plan: no lo detiene.
     otra_->ejecute("delete from saldos_iniciales");
     otra_->ejecute("update configuracion set conf_valor = '110505' where conf_propiedad = 'CUENTA "

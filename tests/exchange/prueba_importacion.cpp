@@ -1,6 +1,6 @@
 // Importación de archivos: cómo se leen, qué se rehúsa y por qué, y qué queda en la base. Lo
 // esperado sale de tablas hechas a mano o de sumas del propio archivo.
-#include "exchange/importacion.h"
+#include "exchange/diario_importacion.h"
 #include "exchange/tfrechazosimp.h"
 
 namespace {
@@ -60,6 +60,7 @@ private slots:
     void los_saldos_que_reemplazan_entran_todos_o_ninguno();
     void el_ensayo_no_escribe_y_da_la_misma_lista();
     void los_rechazados_corregidos_entran_al_leerlos_otra_vez();
+    void una_importacion_cortada_sigue_donde_iba();
     void cien_mil_renglones_dejan_los_saldos_que_suma_el_archivo();
     void diez_mil_archivos_mutados_no_tumban_nada();
 
@@ -93,9 +94,13 @@ private:
         }();
         return real;
     }
-    Corrida corra(const PeticionImportacion& p) {
+    /// Con `corte`, se detiene después de ese renglón.
+    Corrida corra(const PeticionImportacion& p, DiarioImportacion* diario = nullptr,
+                  int corte = 0) {
         Corrida c;
         const auto importacion = importacion_de(base_->base(), p, ajustes_, "ADMIN");
+        importacion->diario = diario;
+        importacion->avance = [&](const QString&, int) { return --corte != 0; };
         importacion->anote = [&](const QString& mensaje, const LlaveComprobante& l) {
             c.anotado << mensaje + "Tipo:" + l.tipo + "Pref:" + l.prefijo + "Num:" + l.numero;
         };
@@ -637,6 +642,58 @@ void PruebaImportacion::los_rechazados_corregidos_entran_al_leerlos_otra_vez() {
     QCOMPARE(comprobantes(renglon("2", "110505", "5", "5")).resultado.resumen(),
              "Leídos 1, grabados 1, rechazados 0, omitidos 0; agregados a comprobantes que ya "
              "estaban: 1");
+}
+
+void PruebaImportacion::una_importacion_cortada_sigue_donde_iba() {
+    ensaya_ = false;
+    const auto pareja = [](const char* numero) {
+        return renglon(numero, "110505", "10", "") + renglon(numero, "111005", "", "10");
+    };
+    const QString ruta = base_->ruta(),
+                  archivo = pareja("1") + renglon("2", "110505", "5", "4") +
+                            renglon("3", "110505", "7", "") + renglon("3", "", "", "7") +
+                            pareja("4") + renglon("5", "110505", "1", "1") + pareja("1") +
+                            renglon("6", "110505", "1", "1"),
+                  sql = "select e.enco_numero, d.code_item, d.code_debito from "
+                        "comprobante_encabezado e join comprobante_detalle d on d.enco_consec = "
+                        "e.enco_consec order by 1, 2";
+    const QString rechazados = rechazos(comprobantes(archivo).resultado), completo = filas(sql);
+    PeticionImportacion p;
+    p.clase = ClaseImportacion::Comprobantes;
+    p.archivo = ruta + "/entrada.txt";
+    p.columnas = columnas(p.clase);
+    enum { Anotado, SinAnotar, SinGrabar }; // lo que pasó con el último antes de morir
+    for (const int corte : {1, 3, 6, 8, 9, 11})
+        for (const int ultimo : {Anotado, SinAnotar, SinGrabar}) {
+            for (const char* tabla : {"comprobante_detalle", "comprobante_encabezado"})
+                base().ejecute(QStringLiteral("delete from ") + tabla);
+            DiarioImportacion primero(ruta, "base", Libro::Decreto2649, p.archivo);
+            QVERIFY(corra(p, &primero, corte).resultado.cancelada);
+            QFile f(primero.ruta());
+            QVERIFY(f.open(QIODevice::ReadWrite));
+            const QByteArray anotado = f.readAll();
+            const qsizetype grabado = anotado.lastIndexOf("\nE\t");
+            if (ultimo != Anotado && grabado > 0 && !anotado.mid(grabado).contains("\nR")) {
+                f.resize(grabado + 3); // quedó a medias
+                const QList<QByteArray> v =
+                    anotado.mid(anotado.lastIndexOf("\nV\t", grabado) + 1).split('\t');
+                if (ultimo == SinGrabar)
+                    base().ejecute("delete from comprobante_detalle d where code_item > ? and "
+                                   "enco_consec = (select enco_consec from comprobante_encabezado "
+                                   "where enco_numero = ?)",
+                                   {v[2].toInt(), QString(v[5].left(6))});
+                base().ejecute("delete from comprobante_encabezado e where not exists (select 1 "
+                               "from comprobante_detalle where enco_consec = e.enco_consec)");
+            }
+            f.close();
+            DiarioImportacion segundo(ruta, "base", Libro::Decreto2649, p.archivo);
+            if (const auto anterior = segundo.anterior(base()))
+                segundo.siga(*anterior);
+            const Corrida c = corra(p, &segundo);
+            QCOMPARE(filas(sql), completo);
+            QCOMPARE(rechazos(c.resultado), rechazados);
+            QVERIFY(c.resultado.agregados == 0 && !f.exists());
+        }
 }
 
 // ---------------------------------------------------------------- volumen y basura

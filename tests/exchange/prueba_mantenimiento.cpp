@@ -409,9 +409,20 @@ void PruebaMantenimiento::borrar_movimientos_borra_exactamente_lo_que_dijo() {
 
 void PruebaMantenimiento::borrar_el_plan_se_detiene_en_la_primera_que_la_base_rehusa() {
     Conexion& c = base_->base();
-    c.ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('613595', 'Sin uso')");
+    for (const char* cuenta : {"613590", "613595"})
+        c.ejecute("insert into cuentas (cuen_cod, cuen_nom) values (?, 'Sin uso')", {cuenta});
+    // La cuenta de ajuste se queda si se queda la que la nombra, y se va con ella.
+    const auto nombrada_por = [&](const char* cuenta) {
+        c.ejecute("update cuentas set cuen_ctajuste = iif(cuen_cod = ?, '613595', null) where "
+                  "cuen_cod starting with '6135'",
+                  {cuenta});
+    };
+    nombrada_por("613505");
+    QCOMPARE(borre_cuentas(c, "61", "6199").borradas, 0);
+    QCOMPARE(una(c, "select cuen_ctajuste from cuentas where cuen_cod = '613505'"), "613595");
+    nombrada_por("613590");
     const CuentasBorradas r = borre_cuentas(c, "61", "6199");
-    QCOMPARE(r.borradas, 1);
+    QCOMPARE(r.borradas, 2);
     QCOMPARE(r.detenida, "613505");
     QVERIFY(!r.razon.isEmpty());
     QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613595'"), "0");

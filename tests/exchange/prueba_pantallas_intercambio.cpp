@@ -85,6 +85,8 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
     QVERIFY(tres->CImportacion.Locate("DATO", {"ENCO_REFER"}));
     tres->CImportacion.Edit();
     QVERIFY_EXCEPTION_THROWN(tres->CImportacion.FieldByName("IMPORTAR") = "XX", ErrorDatos);
+    QVERIFY_EXCEPTION_THROWN(tres->CImportacion.FieldByName("COLUMNA") = 0, ErrorDatos);
+    QVERIFY_EXCEPTION_THROWN(tres->CImportacion.FieldByName("ANCHO") = -1, ErrorDatos);
     tres->CImportacion.FieldByName("IMPORTAR") = "NO";
     tres->CImportacion.Post();
     i_->espere(
@@ -105,20 +107,33 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
     QCOMPARE(log.readAll(), QByteArray("Comprobante descuadrado.Tipo:CGPref:0001Num:000002\n"));
     escritorio()->cierre_todas();
 
-    // Otra vez: el archivo y la columna que no se traía siguen ahí.
+    // Otra vez: el archivo y la columna que no se traía siguen ahí; la imposible, no.
+    recuerde_columnas(6, {{"TICO_COD", 99}, {"ENCO_REFER", -6}});
     tres = tercer_paso("Importar2", {});
     QVERIFY(tres);
+    QVERIFY(tres->CImportacion.Locate("DATO", {"TICO_COD"}));
+    QCOMPARE(tres->CImportacion.FieldByName("COLUMNA").texto(), "1");
     QVERIFY(tres->CImportacion.Locate("DATO", {"ENCO_REFER"}));
     QCOMPARE(tres->CImportacion.FieldByName("IMPORTAR").texto(), "NO");
     QCOMPARE(s_->dato("select imin_columna from importacion_inventario where imin_tipo = 6 and "
                       "imin_dato = 'ENCO_REFER'"),
              "6");
-    // La bitácora que no se deja escribir se dice.
+    // La que se cortó se puede seguir. La bitácora que no se deja escribir se dice.
+    DiarioImportacion diario(s_->base.ruta(), s_->dm.Quorvex.parametros().base, Libro::Decreto2649,
+                             ruta);
+    diario.empiece();
+    diario.por_grabar(1, 0, {"CG", "0001", "000001"});
+    diario.grabado(2);
     QVERIFY(log.remove() && QDir().mkdir(log.fileName()));
+    i_->espere("La importación anterior de este archivo se detuvo después del comprobante CG 0001 "
+               "000001, renglón 2. Si se importa todo de nuevo, las líneas de lo que ya entró se "
+               "agregan otra vez.",
+               "Seguir desde allí");
     i_->espere("Importación finalizada.");
     siga(Qt::Key_F2);
     QCOMPARE(barra_.text(), "Advertencia: No se pudo escribir en " + log.fileName() +
                                 ": F8 muestra los rechazados.");
+    QCOMPARE(s_->dato("select count(*) from comprobante_detalle"), "2");
 }
 
 void PruebaPantallasIntercambio::mientras_importa_solo_se_puede_detener_y_se_dice_lo_que_entro() {

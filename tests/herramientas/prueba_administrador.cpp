@@ -174,6 +174,22 @@ void PruebaAdministrador::una_compania_que_no_se_acaba_de_crear_no_deja_nada() {
     const auto r = administre(orden);
     QVERIFY2(r.codigo == 0, qPrintable(r.errores));
     QCOMPARE(QDir(lugar + "/datos/009").entryList(QDir::Files), QStringList{"quorvex.fdb"});
+    // La que murió sin registrarla se registra; dos a la vez no se estorban.
+    Conexion general;
+    general.conectar({lugar + "/datos/general.fdb", "SYSDBA", {}});
+    general.ejecute("delete from compania");
+    general.desconectar();
+    const auto registrada = administre(orden);
+    QVERIFY2(registrada.codigo == 0 && registrada.salida.contains("no figuraba: quedó registrada"),
+             qPrintable(registrada.errores));
+    QVERIFY(administre(orden).errores.contains("Ya existe la base de datos"));
+    const QStringList dos = en(lugar, {"crear-compania", "--codigo", "010", "--nombre", "Dos"});
+    QProcess uno;
+    uno.start(admin, dos);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(lugar + "/datos/010/quorvex.fdb.nueva"), 60000);
+    QVERIFY(administre(dos).errores.startsWith("Otro programa está creando la base de datos"));
+    uno.waitForFinished(-1);
+    QCOMPARE(uno.exitCode(), 0);
 }
 
 void PruebaAdministrador::la_ayuda_nombra_todas_las_ordenes() {

@@ -134,6 +134,18 @@ void PruebaVerificacion::lo_repetido_se_cuenta_en_lugar_de_llenar_la_pantalla() 
     QCOMPARE(dice[0],
              "comprobante CG 0001 000001, libro 2649: descuadrado (débitos menos créditos: 5.00)");
     QVERIFY2(dice[20].endsWith(": y 5 más"), qPrintable(dice[20]));
+    // Sin el plan NIIF falta una sola cosa, aunque la nombre todo el otro plan.
+    base_->ejecute({"delete from comprobante_detalle", "delete from comprobante_detalle_niif",
+                    "delete from comprobante_encabezado", "delete from activos_fijos",
+                    "update cuentas set cuen_eqniif = null",
+                    "update configuracion set conf_valor = '' where conf_propiedad like 'CUENTA %'",
+                    "execute block as declare c varchar(20); begin for select cuen_cod from "
+                    "cuentas_niif order by 1 desc into :c do delete from cuentas_niif where "
+                    "cuen_cod = :c; end",
+                    "update cuentas set cuen_eqniif = cuen_cod"});
+    QCOMPARE(verificacion(), QString("libro NIIF: no tiene plan de cuentas y se nombran cuentas "
+                                     "suyas %1 veces; copie o importe el plan NIIF\n1")
+                                 .arg(filas("select count(*) from cuentas")));
 }
 
 void PruebaVerificacion::los_importes_que_no_caben_en_una_suma_se_nombran_y_no_la_detienen() {

@@ -194,6 +194,8 @@ private slots:
         rehuse("Con todos los tipos la búsqueda admite un solo dato y hay varios: Fecha desde, "
                "Fecha hasta y Referencia. Escoja un tipo o deje lleno solo uno de ellos.");
         llene(p, "TRef", "");
+        llene(p, "FecIni", "x");
+        dice([&] { busque(p); }, "La fecha \"x\" debe tener la forma aaaammdd.");
         llene(p, "FecIni", "");
         llene(p, "FecFin", "20161231");
         busque(p);

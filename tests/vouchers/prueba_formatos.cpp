@@ -198,6 +198,13 @@ private slots:
         QCOMPARE(s.dato("select count(*) from formatos"), "1");
         QVERIFY(!d.e->Panel2->isVisible());
         QCOMPARE(s.escritorio.abiertas().size(), 1);
+        // Tab no sale de una rejilla: F12 lleva a la otra, a los botones y de vuelta.
+        oprima(Qt::Key_F12);
+        QVERIFY(d.e->DBGridEh1->enfocada());
+        oprima(Qt::Key_F12);
+        QVERIFY(componente<QPushButton>(d.e, "SBGrabar").hasFocus());
+        oprima(Qt::Key_F12);
+        QVERIFY(d.e->DBGridEh2->enfocada());
         d.e->DBGridEh2->SelectedIndex(2);
         digite("777", Qt::Key_Return);
         for (int i = 0; i < 3 && !s.escritorio.abiertas().isEmpty(); ++i)
