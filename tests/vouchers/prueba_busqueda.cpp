@@ -124,9 +124,6 @@ private slots:
         QVERIFY(resultado(p).Active());
         busque(p);
         QCOMPARE(columna(p, "ENCO_CONSEC"), "3,2,1");
-        QVERIFY(p->DBGridEh1->ReadOnly && p->DBGridEh1->orden_local);
-        QCOMPARE(p->DBGridEh1->nombre_archivo, "BuscCompro");
-        QVERIFY(!p->DBGridEh1->permite_orden(Rejilla::Pegar));
         componente<QCheckBox>(p, "ckfiltro").click();
         QVERIFY(p->DBGridEh1->filtro_visible());
     }
