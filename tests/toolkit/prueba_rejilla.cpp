@@ -44,7 +44,9 @@ private slots:
         p.tecla(Qt::Key_Return, Qt::ControlModifier);
         QCOMPARE(p.editor()->selectedText(), "Renglón 9");
         p.tecla(Qt::Key_End);
-        p.digite("!");
+        QApplication::clipboard()->setText("!\n"); // una celda de hoja de cálculo
+        p.tecla(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(p.editor()->text(), "Renglón 9!");
         p.tecla(Qt::Key_Up); // primera fila: escribe y se queda
         p.tecla(Qt::Key_Tab);
         QCOMPARE(p.en(0, "CODE_CONCEPTO"), "Renglón 9!");
