@@ -133,10 +133,15 @@ QSet<qint64> Instalador::aplicadas() {
     return numeros;
 }
 
-void Instalador::anuncie(int ultima) {
-    conexion_.ejecute(QStringLiteral("update version_esquema set vers_numero = -vers_numero where"
-                                     " vers_numero = ?"),
-                      {Valor(ultima)});
+void Instalador::anuncie() {
+    if (!quedo_a_medias())
+        conexion_.ejecute(QStringLiteral("update version_esquema set vers_numero = -vers_numero"
+                                         " where vers_numero = (select max(vers_numero) from"
+                                         " version_esquema)"));
+    desde_ = int(conexion_
+                     .consulte(QStringLiteral("select min(abs(vers_numero)) from version_esquema"
+                                              " where vers_numero < 0"))
+                     .entero());
 }
 
 bool Instalador::quedo_a_medias() {
@@ -151,13 +156,12 @@ QStringList Instalador::actualice(TipoBase tipo) {
     if (aplicadas.isEmpty())
         throw ErrorDatos(QStringLiteral("La creación de esta base de datos no terminó. Vuelva a "
                                         "crearla."));
-    desde_ = version_de_esquema(conexion_);
     const QVector<Actualizacion> conocidas = actualizaciones(tipo);
     const int ultima = conocidas.isEmpty() ? kVersionInicial : conocidas.back().numero;
     for (const qint64 numero : aplicadas)
         if (numero > ultima)
             throw ErrorDatos(negativa_de_version(tipo, int(numero)));
-    anuncie(ultima);
+    anuncie();
     QStringList hechas;
     for (Actualizacion a : conocidas) {
         if (aplicadas.contains(a.numero))

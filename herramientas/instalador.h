@@ -25,8 +25,9 @@ public:
     /// Aplica, en orden, las actualizaciones numeradas que falten y repite los guiones. Devuelve
     /// los nombres de las aplicadas. Se niega si la base es de una versión que los guiones no
     /// conocen. Entre una y otra vuelve a entrar a la base: la conexión no debe tener nada abierto.
-    /// Mientras dura, el número de la última lleva signo menos: la base que se quedó a medias dice
-    /// ser de una versión anterior, nadie entra a ella y repetir la orden la termina.
+    /// Mientras dura, el número de la versión de que se parte y el de la última llevan signo menos:
+    /// la base que se quedó a medias dice ser de una anterior, nadie entra a ella y repetir la
+    /// orden la termina como si no se hubiera cortado.
     QStringList actualice(TipoBase tipo);
 
     /// Si una actualización anterior murió antes de terminar.
@@ -45,7 +46,7 @@ private:
     };
     QVector<Actualizacion> actualizaciones(TipoBase tipo) const;
     QSet<qint64> aplicadas();
-    void anuncie(int ultima);
+    void anuncie();
     void reconecte();
     void ejecute_guiones(TipoBase tipo);
     void ejecute_guion(const QString& archivo);

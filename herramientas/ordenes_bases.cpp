@@ -251,7 +251,10 @@ void crear_demo(const Sesion& s) {
 /// ninguna transacción: si muere ahí, quedan restos y lo que se cree encima sale mal. De su
 /// respaldo sale limpia.
 void rehaga(const ParametrosConexion& base, TipoBase tipo) {
-    QTemporaryDir carpeta;
+    // Junto a la base, que es donde se sabe que cabe.
+    QTemporaryDir carpeta(Ubicacion(base.base).en_servidor()
+                              ? QDir::temp().filePath(QStringLiteral("quorvex_XXXXXX"))
+                              : QFileInfo(base.base).path() + QStringLiteral("/rehaga_XXXXXX"));
     const QString copia = carpeta.filePath(QStringLiteral("a_medias.fbk"));
     respalde_y_pruebe(base, copia);
     restaure_en_lugar(copia, base, tipo);

@@ -13,6 +13,7 @@
 #include <fcntl.h>
 #include <optional>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -119,6 +120,16 @@ void duplique(const QString& de, const QString& a) {
                              .arg(de));
 }
 
+/// Quien trabaja en la base no es por fuerza quien la restaura: el archivo sigue siendo del mismo.
+void herede_dueno(const QString& de, const QString& a) {
+    struct stat datos {};
+    const QByteArray nueva = QFile::encodeName(a);
+    if (::stat(QFile::encodeName(de).constData(), &datos) != 0)
+        return;
+    if (::chown(nueva.constData(), datos.st_uid, datos.st_gid) == 0)
+        ::chmod(nueva.constData(), datos.st_mode & 07777);
+}
+
 // El archivo en curso no vale hasta revisarlo; de ahí en adelante solo hay cambios de nombre, y en
 // todo momento la base está en su sitio: o la de antes o la restaurada.
 QMap<QString, QString> restaure_aqui(const QString& archivo, const ParametrosConexion& base,
@@ -150,6 +161,7 @@ QMap<QString, QString> restaure_aqui(const QString& archivo, const ParametrosCon
             QFile::remove(lista); // la base sigue en uso y no hizo falta
             throw;
         }
+        herede_dueno(ruta, lista);
         duplique(ruta, anterior + QStringLiteral(".nueva"));
         paso("duplicada");
         renombre(anterior + QStringLiteral(".nueva"), anterior);

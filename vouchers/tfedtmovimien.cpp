@@ -375,7 +375,33 @@ bool Tfedtmovimien::se_tolera(const Rechazo& rechazo) const {
     if (rechazo.libro == Libro::Niif && rechazo.de_linea() && !libre_niif)
         return true;
     // Sin tocar el libro 2649, o con el NIIF cerrado, no hay réplica que hacer.
-    return rechazo.motivo == Motivo::SinEquivalente && (!libre_niif || !toca_la_replica());
+    return rechazo.motivo == Motivo::SinEquivalente &&
+           (!libre_niif || !toca_la_replica() || !pide_equivalente(rechazo.item));
+}
+
+bool Tfedtmovimien::pide_equivalente(int item) const {
+    if (CMovimiento.FieldByName("ENCO_REPNIIF").texto() != visto_.replica)
+        return true;
+    const auto campo = [this](const char* c) -> const Campo& { return CDetalle.FieldByName(c); };
+    const Campo &de_item = campo("CODE_ITEM"), &de_cuenta = campo("CUEN_COD"),
+                &de_debito = campo("CODE_DEBITO"), &de_credito = campo("CODE_CREDITO");
+    QString cuenta;
+    CDetalle.recorra_todas([&](const Fila& f) {
+        if (CDetalle.valor_de(f, de_item).entero() == item)
+            cuenta = CDetalle.valor_de(f, de_cuenta).texto();
+    });
+    bool pide = false;
+    CDetalle.recorra_todas([&](const Fila& f) {
+        if (CDetalle.valor_de(f, de_cuenta).texto() != cuenta)
+            return;
+        const auto& antes = visto_.lineas_2649;
+        pide |= std::none_of(antes.begin(), antes.end(), [&](const LineaComprobante& l) {
+            return l.item == CDetalle.valor_de(f, de_item).entero() && l.cuenta == cuenta &&
+                   l.debito == CDetalle.valor_de(f, de_debito).moneda() &&
+                   l.credito == CDetalle.valor_de(f, de_credito).moneda();
+        });
+    });
+    return pide;
 }
 
 bool Tfedtmovimien::toca_la_replica() const {

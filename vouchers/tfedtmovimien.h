@@ -60,6 +60,9 @@ private:
     void ofrezca_borrador();
     qint64 id_por_copiar();
     bool toca_la_replica() const;
+    /// Una línea de la cuenta de esa nació, o cambió de cuenta o importes; o el check se acaba de
+    /// poner.
+    bool pide_equivalente(int item) const;
     void SBBorrarClick();
     void ReplicaraNIIF1Click();
     void muestre_columnas(bool visibles);

@@ -347,8 +347,8 @@ BEGIN
     FILA AS (
       SELECT iif(N.DIGITOS = 0, H.CUENTA, substring(H.CUENTA FROM 1 FOR N.DIGITOS)) CUENTA,
         iif(N.DIGITOS = 0, H.NIT, NULL) NIT, N.NIVEL, sum(INI) INI, sum(M01) M01, sum(M02) M02,
-        sum(M03) M03, sum(M04) M04, sum(M05) M05, sum(M06) M06, sum(M07) M07, sum(M08) M08, sum(M09) M09, sum(M10) M10,
-        sum(M11) M11, sum(M12) M12, sum(M13) M13
+        sum(M03) M03, sum(M04) M04, sum(M05) M05, sum(M06) M06, sum(M07) M07, sum(M08) M08,
+        sum(M09) M09, sum(M10) M10, sum(M11) M11, sum(M12) M12, sum(M13) M13
       FROM HOJA H
       JOIN (SELECT ESTR_NIVEL NIVEL, ESTR_DIGITOS DIGITOS FROM ESTRUCTURA WHERE ESTR_DIGITOS > 0
         UNION ALL

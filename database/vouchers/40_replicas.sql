@@ -16,7 +16,8 @@
 -- el 2649 sí, no se graba.
 -- Un libro NIIF digitado que resulta ser, línea por línea, la réplica del 2649 (lo deja así la
 -- opción de replicar de la pantalla) pasa a serlo: las correcciones que sigan llegan también a él.
--- No hay media réplica: si a una cuenta le falta el equivalente, no se graba nada.
+-- No hay media réplica: si le falta el equivalente a la cuenta de una línea que nace, o que cambia
+-- de cuenta o importes, no se graba nada.
 
 SET TERM ^ ;
 
@@ -358,7 +359,7 @@ BEGIN
     NACE = ITEM_NIIF IS NULL AND CUENTA_LOCAL IS NOT NULL
       AND (NUEVA = 'C' OR (NUEVA = 'S' AND DETENIDA = 'N'));
     IF (CUENTA_LOCAL IS NOT NULL AND CUENTA IS NULL
-      AND (NACE OR (ITEM_NIIF IS NOT NULL AND CAMBIOS <> 0))) THEN
+      AND (NACE OR (ITEM_NIIF IS NOT NULL AND bin_and(CAMBIOS, 9) <> 0))) THEN
       EXCEPTION REPLICA_SIN_CUENTA 'La cuenta ' || CUENTA_LOCAL || ' (línea ' || ITEM
         || ') no tiene una cuenta NIIF equivalente que pueda llevar movimiento: la réplica '
         || 'quedaría descuadrada. Indíquela en la cuenta o quite el check de réplica.';

@@ -605,7 +605,11 @@ void PruebaGuarda::sin_equivalente_no_hay_media_replica() {
     base_->ejecute({"update cuentas set cuen_eqniif = '111005' where cuen_cod = '111005'",
                     "update comprobante_encabezado set enco_repniif = 'S'",
                     "update cuentas set cuen_eqniif = '110510' where cuen_cod = '111005'"});
-    // Y una réplica hecha no se desarma porque la cuenta deje de tener equivalente.
+    // Y una réplica hecha no se desarma porque la cuenta deje de tener equivalente: lo que no es
+    // de ella se corrige.
+    base_->ejecute({"update comprobante_detalle set code_concepto = 'y' where code_item = 2"});
+    QCOMPARE(filas("select code_concepto from comprobante_detalle_niif where code_itemrep = 2"),
+             "y");
     QCOMPARE(negativa("update comprobante_detalle set code_credito = 9 where code_item = 2"),
              falta);
     QCOMPARE(libro_niif(), "1|110505|100|0|1\n2|111005|0|100|2");

@@ -41,6 +41,17 @@ private slots:
         s.base.ejecute({"update cuentas set cuen_eqniif = '310505' where cuen_cod = '310505'"});
         oprima(Qt::Key_F2);
         QCOMPARE(niif(s), "110505:10.00:0.00::1,310505:0.00:10.00::2");
+        // Si después se va, lo demás de la línea se corrige.
+        s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '310505'"});
+        Tfedtmovimien* e =
+            abra_edicion(s, s.dato("select enco_consec from comprobante_encabezado").toInt());
+        e->CDetalle.Last();
+        e->CDetalle.Edit();
+        e->CDetalle.FieldByName("CODE_CONCEPTO") = "y";
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select code_itemrep from comprobante_detalle_niif where code_concepto = "
+                        "'y'"),
+                 "2");
     }
 
     void la_replica_sin_el_nit_que_pide_su_cuenta_se_dice_y_se_corrige() {
