@@ -33,30 +33,39 @@ void lea(AvanceImportacion& avance, const QStringList& datos) {
         const AvanceImportacion::EnDuda& este = *std::prev(siguiente);
         avance.hasta = renglon;
         avance.llave = este.llave;
+        avance.ultimo = este.ultimo;
+        if (datos.size() == 3 && !datos[2].isEmpty())
+            avance.llave.numero = datos[2];
         if (este.ultimo == 0)
-            avance.nuevos << este.llave;
+            avance.nuevos << avance.llave;
         avance.en_duda.erase(avance.en_duda.begin(), siguiente);
     } else if (datos[0] == kRechazado) {
         avance.rechazados[renglon] = datos.value(2);
     }
 }
 
-bool esta_en_la_base(Conexion& c, const LlaveComprobante& l) {
-    return !c.consulte("select enco_consec from comprobante_encabezado where tico_cod = ? and "
-                       "prco_pref = ? and enco_numero = ?",
-                       {l.tipo, l.prefijo, l.numero})
+/// Con alguna línea después de `ultimo`: las de la importación.
+bool entro(Conexion& c, Libro libro, const LlaveComprobante& l, int ultimo) {
+    return !c.consulte(QStringLiteral("select first 1 d.code_item from comprobante_encabezado e "
+                                      "join %1 d on d.enco_consec = e.enco_consec where "
+                                      "e.tico_cod = ? and e.prco_pref = ? and e.enco_numero = ? "
+                                      "and d.code_item > ?")
+                           .arg(QLatin1String(datos(libro).detalle)),
+                       {l.tipo, l.prefijo, l.numero, ultimo})
                 .nulo();
 }
 
 } // namespace
 
 DiarioImportacion::DiarioImportacion(const QString& carpeta, const QString& base, Libro libro,
-                                     const QString& archivo)
-    : archivo_(archivo), diario_(carpeta + '/' + nombre_de(base, libro, archivo)) {}
+                                     const QString& archivo, const QString& forma)
+    : archivo_(archivo), libro_(libro), forma_(forma),
+      diario_(carpeta + '/' + nombre_de(base, libro, archivo)) {}
 
 QString DiarioImportacion::encabezado() const {
     const QFileInfo f(archivo_);
-    return QStringLiteral("%1\t%2").arg(f.size()).arg(f.lastModified().toMSecsSinceEpoch());
+    return QStringLiteral("%1\t%2\t").arg(f.size()).arg(f.lastModified().toMSecsSinceEpoch()) +
+           forma_;
 }
 
 std::optional<AvanceImportacion> DiarioImportacion::anterior(Conexion& conexion) const {
@@ -74,8 +83,13 @@ std::optional<AvanceImportacion> DiarioImportacion::anterior(Conexion& conexion)
         lea(avance, renglon.split('\t'));
     avance.rechazados.erase(avance.rechazados.upperBound(avance.hasta), avance.rechazados.end());
     avance.cambio_el_archivo = del_archivo != encabezado();
+    if (avance.hasta == 0)
+        return avance.en_duda.isEmpty() ? std::optional<AvanceImportacion>() : avance;
+    avance.falta_el_ultimo = !entro(conexion, libro_, avance.llave, avance.ultimo);
     // En una base restaurada de antes no entró nada.
-    if (avance.hasta == 0 ? avance.en_duda.isEmpty() : !esta_en_la_base(conexion, avance.llave))
+    if (avance.falta_el_ultimo &&
+        std::none_of(avance.nuevos.begin(), avance.nuevos.end(),
+                     [&](const auto& llave) { return entro(conexion, libro_, llave, 0); }))
         return {};
     return avance;
 }
@@ -108,8 +122,8 @@ void DiarioImportacion::por_grabar(qint64 primero, int ultimo, const LlaveCompro
             true);
 }
 
-void DiarioImportacion::grabado(qint64 hasta) {
-    escriba({kGrabado, QString::number(hasta)});
+void DiarioImportacion::grabado(qint64 hasta, const QString& numero) {
+    escriba({kGrabado, QString::number(hasta), numero});
 }
 
 void DiarioImportacion::rechazado(qint64 renglon, const QString& razon) {

@@ -16,19 +16,22 @@ struct AvanceImportacion {
         LlaveComprobante llave;
     };
     qint64 hasta = 0;                 ///< renglón hasta el que todo está resuelto
-    LlaveComprobante llave;           ///< del último que entró
+    LlaveComprobante llave;           ///< del último que entró, con el número que tomó
+    int ultimo = 0;                   ///< CODE_ITEM de la última línea que este ya tenía
     QVector<LlaveComprobante> nuevos; ///< los que nacieron en ella
     QMap<qint64, QString> rechazados; ///< hasta ese renglón
     /// Los de más adelante que se iban a grabar, por su primer renglón.
     QMap<qint64, EnDuda> en_duda;
     bool cambio_el_archivo = false; ///< no es ya el que se estaba leyendo
+    bool falta_el_ultimo = false;   ///< lo borraron: otros que entraron siguen en la base
 };
 
 class DiarioImportacion {
 public:
-    /// `base`, `libro` y `archivo` dicen de cuál importación es; va en `carpeta`.
+    /// `base`, `libro` y `archivo` dicen de cuál importación es; va en `carpeta`. Con otra `forma`
+    /// de leerlo (columnas, separador) vale como otro archivo.
     DiarioImportacion(const QString& carpeta, const QString& base, Libro libro,
-                      const QString& archivo);
+                      const QString& archivo, const QString& forma = {});
 
     /// Lo que dejó la que no terminó, si algo de ella está en la base.
     std::optional<AvanceImportacion> anterior(Conexion& conexion) const;
@@ -38,7 +41,8 @@ public:
 
     void empiece();
     void por_grabar(qint64 primero, int ultimo, const LlaveComprobante& llave);
-    void grabado(qint64 hasta);
+    /// `numero`: el que tomó el que no traía.
+    void grabado(qint64 hasta, const QString& numero = {});
     void rechazado(qint64 renglon, const QString& razon);
     void termine();
 
@@ -51,6 +55,8 @@ private:
     void escriba(const QStringList& datos, bool al_disco = false);
 
     const QString archivo_;
+    const Libro libro_;
+    const QString forma_;
     QFile diario_;
     AvanceImportacion desde_;
     bool sin_escribir_ = false;

@@ -119,6 +119,7 @@ private:
     QVector<Renglon> renglones_;
     Moneda debitos_, creditos_;
     QString fecha_, concepto_, referencia_, falla_encabezado_;
+    QString numero_final_;  ///< el que el prefijo dio al que no traía
     qint64 id_ = 0;         ///< del que ya existe; 0 si es nuevo
     int ultimo_ = 0;        ///< CODE_ITEM de la última línea del libro
     bool supuesto_ = false; ///< en un ensayo, lo "grabó" un renglón anterior

@@ -155,7 +155,7 @@ void ImportacionComprobantes::cierre() {
         anote(falla, llave_);
     reparta(falla);
     if (falla.isEmpty() && diario)
-        diario->grabado(renglones_.last().registro.renglon);
+        diario->grabado(renglones_.last().registro.renglon, numero_final_);
 }
 
 void ImportacionComprobantes::reparta(const QString& falla) {
@@ -295,6 +295,7 @@ QString ImportacionComprobantes::revise_en_base(Transaccion& t) {
 }
 
 void ImportacionComprobantes::grabe(Transaccion& t) {
+    numero_final_.clear();
     if (id_ != 0) {
         t.conexion()
             .prepare("execute procedure aumente_comprobante(?, ?)", t)
@@ -302,12 +303,16 @@ void ImportacionComprobantes::grabe(Transaccion& t) {
         return;
     }
     const auto o_nulo = [](const QString& s) { return s.isEmpty() ? Valor() : Valor(s); };
-    t.conexion()
-        .prepare("execute procedure asiente_comprobante(?, ?, ?, ?, ?, ?, ?, 0, 0, ?, null, null, "
-                 "null, null, 'N', null)",
-                 t)
-        ->ejecute_con_salida(t, {kAsiento, llave_.tipo, llave_.prefijo, llave_.numero, fecha_,
-                                 o_nulo(concepto_), o_nulo(referencia_), usuario_});
+    numero_final_ =
+        t.conexion()
+            .prepare(
+                "execute procedure asiente_comprobante(?, ?, ?, ?, ?, ?, ?, 0, 0, ?, null, null, "
+                "null, null, 'N', null)",
+                t)
+            ->ejecute_con_salida(t, {kAsiento, llave_.tipo, llave_.prefijo, llave_.numero, fecha_,
+                                     o_nulo(concepto_), o_nulo(referencia_), usuario_})
+            .value(1)
+            .texto();
 }
 
 std::unique_ptr<Importacion> importacion_de(Conexion& conexion, const PeticionImportacion& peticion,

@@ -92,8 +92,11 @@ CifrasMantenimiento borre_movimientos(Conexion& conexion, const RangoBorrado& r,
 
 void plan_que_se_va(Transaccion& t, bool llega_otro) {
     t.conexion()
-        .prepare(QStringLiteral("execute block as begin rdb$set_context('USER_TRANSACTION', "
-                                "'PLAN_QUE_SE_VA', '%1'); end")
+        // El plan se toma antes que sus cuentas, como todo el que lo cambia.
+        .prepare(QStringLiteral("execute block as declare nivel integer; begin select first 1 "
+                                "estr_nivel from estructura order by estr_nivel with lock into "
+                                "nivel; rdb$set_context('USER_TRANSACTION', 'PLAN_QUE_SE_VA', "
+                                "'%1'); end")
                      .arg(llega_otro ? 'R' : 'B'),
                  t)
         ->ejecute(t, {});

@@ -194,25 +194,45 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
     return resultado;
 }
 
+QString Tfimportarinv3::forma() const {
+    QStringList forma{QString::number(asistente_.formato), QString::number(asistente_.separador),
+                      QString::number(asistente_.delimitador)};
+    for (const ColumnaImportacion& c : columnas(true))
+        forma << c.dato + '=' + QString::number(c.columna);
+    return forma.join(' ');
+}
+
 bool Tfimportarinv3::prepare_diario() {
     diario_.reset();
     if (asistente_.clase() != ClaseImportacion::Comprobantes)
         return true;
     Conexion& base = fdm().Quorvex;
     diario_.emplace(diraplicacion_callada(), base.parametros().base,
-                    asistente_.niif ? Libro::Niif : Libro::Decreto2649, asistente_.archivo);
+                    asistente_.niif ? Libro::Niif : Libro::Decreto2649, asistente_.archivo,
+                    forma());
     const auto anterior = diario_->anterior(base);
     if (!anterior)
         return true;
     QString texto = QStringLiteral("La importación anterior de este archivo se detuvo ");
     texto += anterior->hasta == 0
-                 ? QStringLiteral("en el primer comprobante")
+                 ? QStringLiteral("antes de que se supiera si entró el primer comprobante")
                  : QStringLiteral("después del comprobante %1 %2 %3, renglón %4")
-                       .arg(anterior->llave.tipo, anterior->llave.prefijo, anterior->llave.numero)
-                       .arg(anterior->hasta);
+                       .arg(anterior->llave.tipo, anterior->llave.prefijo, anterior->llave.numero,
+                            QString::number(anterior->hasta));
+    if (anterior->falta_el_ultimo)
+        return pregunte_con_no(texto +
+                               ", que ya no está en la base: las líneas de los demás que entraron "
+                               "se agregarían otra vez. Desea importarlo todo?");
     if (anterior->cambio_el_archivo)
-        return pregunte_con_no(texto + ", y el archivo cambió desde entonces: las líneas de lo que "
-                                       "ya entró se agregarían otra vez. Desea importarlo todo?");
+        return pregunte_con_no(texto +
+                               ", y el archivo o sus columnas cambiaron desde entonces: "
+                               "las líneas de lo que ya entró se agregarían otra vez. Desea "
+                               "importarlo todo?");
+    for (const auto& duda : anterior->en_duda)
+        if (duda.llave.numero.isEmpty()) {
+            texto += ". Revise el siguiente: sin número no se puede saber si entró";
+            break;
+        }
     const Respuesta r = pregunte_botones(texto + ". Si se importa todo de nuevo, las líneas de lo "
                                                  "que ya entró se agregan otra vez.",
                                          {"Seguir desde allí", "Todo de nuevo"});

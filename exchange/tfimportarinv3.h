@@ -27,6 +27,9 @@ public:
     Rejilla* DBGridEh1;
     QLabel* LAvance;
 
+    /// Cómo se va a leer el archivo: formato, separadores y columnas.
+    QString forma() const;
+
     void FormCreate() override;
     bool FormClose() override;
 

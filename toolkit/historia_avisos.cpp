@@ -17,10 +17,6 @@ constexpr qsizetype kAvisosGuardados = 500;
 constexpr int kCadaCuantoMs = 30000;
 constexpr qreal kMinutosHastaTenue = 15, kTinteMinimo = 0.45;
 
-QString en_un_renglon(const QString& texto) {
-    return texto.simplified();
-}
-
 } // namespace
 
 HistoriaAvisos::HistoriaAvisos(AvisosBarra* barra) : QObject(barra), barra_(barra) {
@@ -77,10 +73,10 @@ void HistoriaAvisos::pinte() const {
                                                         -barra_->margin() - paso(0.5), 0);
     const QFontMetrics medidas = barra_->fontMetrics();
     const bool reposo = barra_->text().isEmpty();
-    QString texto = en_un_renglon(barra_->text());
+    QString texto = barra_->text().simplified();
     QString cuando;
     if (!avisos_.isEmpty() && ((reposo && !retirado_) || barra_->text() == avisos_.last().texto)) {
-        texto = en_un_renglon(avisos_.last().texto);
+        texto = avisos_.last().texto.simplified();
         cuando = edad(avisos_.last());
         pintor.setOpacity(intensidad());
     }

@@ -376,7 +376,8 @@ bool Tfedtmovimien::se_tolera(const Rechazo& rechazo) const {
         return true;
     // Sin tocar el libro 2649, o con el NIIF cerrado, no hay réplica que hacer.
     return rechazo.motivo == Motivo::SinEquivalente &&
-           (!libre_niif || !toca_la_replica() || !pide_equivalente(rechazo.item));
+           (!libre_niif || !toca_la_replica() ||
+            (rechazo.campo == "CUEN_COD" && !pide_equivalente(rechazo.item)));
 }
 
 bool Tfedtmovimien::pide_equivalente(int item) const {
@@ -385,23 +386,22 @@ bool Tfedtmovimien::pide_equivalente(int item) const {
     const auto campo = [this](const char* c) -> const Campo& { return CDetalle.FieldByName(c); };
     const Campo &de_item = campo("CODE_ITEM"), &de_cuenta = campo("CUEN_COD"),
                 &de_debito = campo("CODE_DEBITO"), &de_credito = campo("CODE_CREDITO");
+    QHash<qint64, const LineaComprobante*> antes;
+    for (const LineaComprobante& l : visto_.lineas_2649)
+        antes[l.item] = &l;
     QString cuenta;
+    QSet<QString> cambiadas;
     CDetalle.recorra_todas([&](const Fila& f) {
-        if (CDetalle.valor_de(f, de_item).entero() == item)
-            cuenta = CDetalle.valor_de(f, de_cuenta).texto();
+        const qint64 este = CDetalle.valor_de(f, de_item).entero();
+        const QString suya = CDetalle.valor_de(f, de_cuenta).texto();
+        if (este == item)
+            cuenta = suya;
+        const LineaComprobante* l = antes.value(este);
+        if (!l || l->cuenta != suya || l->debito != CDetalle.valor_de(f, de_debito).moneda() ||
+            l->credito != CDetalle.valor_de(f, de_credito).moneda())
+            cambiadas.insert(suya);
     });
-    bool pide = false;
-    CDetalle.recorra_todas([&](const Fila& f) {
-        if (CDetalle.valor_de(f, de_cuenta).texto() != cuenta)
-            return;
-        const auto& antes = visto_.lineas_2649;
-        pide |= std::none_of(antes.begin(), antes.end(), [&](const LineaComprobante& l) {
-            return l.item == CDetalle.valor_de(f, de_item).entero() && l.cuenta == cuenta &&
-                   l.debito == CDetalle.valor_de(f, de_debito).moneda() &&
-                   l.credito == CDetalle.valor_de(f, de_credito).moneda();
-        });
-    });
-    return pide;
+    return cambiadas.contains(cuenta);
 }
 
 bool Tfedtmovimien::toca_la_replica() const {

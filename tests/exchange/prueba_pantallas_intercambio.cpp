@@ -120,7 +120,7 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
              "6");
     // La que se cortó se puede seguir. La bitácora que no se deja escribir se dice.
     DiarioImportacion diario(s_->base.ruta(), s_->dm.Quorvex.parametros().base, Libro::Decreto2649,
-                             ruta);
+                             ruta, tres->forma());
     diario.empiece();
     diario.por_grabar(1, 0, {"CG", "0001", "000001"});
     diario.grabado(2);

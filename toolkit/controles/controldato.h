@@ -3,8 +3,8 @@
 //
 // El control muestra el valor con el formato del campo, pone el conjunto en edición cuando el
 // usuario escribe y guarda en el campo al perder el foco, con Enter y antes de cada Post. Una falla
-// al guardar se informa por la frontera de fallas y el control vuelve a mostrar el valor del campo;
-// si ocurre durante un Post, lo aborta en silencio.
+// al guardar se informa por la frontera de fallas: lo que una caja no pudo leer sigue en ella hasta
+// corregirlo o Esc, y lo que el campo rehusó se repone. Durante un Post, lo aborta en silencio.
 #include "datos/recordset/conjunto.h"
 
 #include <functional>
@@ -29,7 +29,7 @@ public:
     bool editable() const;
     /// Hay algo escrito que aún no está en el campo.
     bool modificado() const { return modificado_; }
-    /// Guarda lo escrito. Falso si no se pudo: la falla ya se mostró y se repuso el valor.
+    /// Guarda lo escrito. Falso si no se pudo: la falla ya se mostró.
     bool escriba();
     /// Descarta lo escrito y muestra el valor del campo.
     void restaure();

@@ -66,12 +66,12 @@ void pegue_en_linea(QLineEdit& caja, QClipboard::Mode de) {
         texto = texto.trimmed();
     const qsizetype caben = caja.maxLength() - quedan;
     caja.insert(texto);
-    if (texto.size() > caben && caja.inputMask().isEmpty())
+    if (caja.text() == antes && texto != escogido && caben > 0)
+        avise(QStringLiteral("Lo pegado no entra aquí: '%1'.").arg(texto.left(20)));
+    else if (texto.size() > caben && caja.inputMask().isEmpty())
         avise(QStringLiteral("Se tomaron %1 de %2 letras de lo pegado: no caben más.")
                   .arg(caben)
                   .arg(texto.size()));
-    else if (caja.text() == antes && texto != escogido)
-        avise(QStringLiteral("Lo pegado no entra aquí: '%1'.").arg(texto.left(20)));
 }
 
 void cuide_lo_pegado(QLineEdit& caja) {
