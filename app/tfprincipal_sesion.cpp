@@ -85,8 +85,8 @@ void Tfprincipal::revise_guardas() {
                                   "que las encienda con quorvex-admin actualizar.");
     AvisosBarra* barra = fdm().barra();
     if (barra && !tiene_escritura_inmediata(fdm().Quorvex))
-        barra->texto("La base de datos no espera al disco: pida al administrador que la asegure "
-                     "con quorvex-admin actualizar.");
+        barra->texto("La base no espera al disco: el administrador corre quorvex-admin "
+                     "actualizar.");
 }
 
 bool Tfprincipal::entre_si_falta() {

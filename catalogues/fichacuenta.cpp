@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int kDigitos = 14;      ///< ancho de un código: caben los del plan sin estirar la ficha
-constexpr int kLetrasNombre = 40; ///< con menos, sigue en otro renglón
+constexpr int kLetrasNombre = 48; ///< con menos, sigue en otro renglón
 
 } // namespace
 

@@ -158,7 +158,7 @@ int DisposicionFlujo::fin_de_renglon(int desde, int ancho) const {
             continue;
         const int hasta = usado + (usado ? spacing() : 0) + ancho_minimo(*items_[i]) +
                           holgura(items_[i]->widget());
-        if (usado && (hasta > ancho || (i == corte_ && desde == 0)))
+        if (usado && (hasta > ancho || i == corte_))
             return i;
         usado = hasta;
     }

@@ -79,7 +79,7 @@ QRect LienzoFormato::hoja() const {
     }
     const QSize medida =
         QSize(int(ancho / 100), int(alto / 100)).scaled(size() - QSize(8, 8), Qt::KeepAspectRatio);
-    return {QPoint((width() - medida.width()) / 2, (height() - medida.height()) / 2), medida};
+    return {QPoint((width() - medida.width()) / 2, 4), medida}; // arriba: el alto se desplaza
 }
 
 QPoint LienzoFormato::punto(qint64 x, qint64 y) const {

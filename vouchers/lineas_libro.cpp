@@ -314,8 +314,10 @@ void LineasLibro::validar_tercero() {
                              cree_tercero_digitado(pantalla(), nit, [this](const QString& creado) {
                                  reciba(n_.tercero, creado);
                              });
-        if (!se_crea && en_edicion())
+        if (!se_crea && en_edicion()) {
             campo(n_.tercero).limpie();
+            rejilla->vuelva_a(kTercero);
+        }
     } else if (ajustes_.mostrar_saldo) {
         muestre_saldo_tercero();
     }

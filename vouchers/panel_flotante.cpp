@@ -55,9 +55,9 @@ void PanelFlotante::muestre(QWidget* foco) {
     ubique();
     show();
     raise();
-    foco->setFocus();
     if (recuerde)
-        recuerde();
+        recuerde(); // entrar ya propone
+    foco->setFocus();
 }
 
 void PanelFlotante::oculte() {

@@ -23,9 +23,9 @@ public:
 
     bool reclama(const QKeyEvent& evento) override;
 
-    std::function<void()> OnEnter;                   ///< el foco entró al panel
-    std::function<void()> recuerde;                  ///< ya está a la vista, con lo que propone
-    std::function<void()> deshaga;                   ///< se cerró con Esc
+    std::function<void()> OnEnter;  ///< el foco entró al panel
+    std::function<void()> recuerde; ///< va a mostrarse, sin lo que propone al entrar
+    std::function<void()> deshaga;  ///< se cerró con Esc
     std::function<QWidget*(bool tenia_foco)> vuelve; ///< a quién pasa el foco al ocultarse; o nulo
 
 protected:

@@ -123,7 +123,8 @@ void ceda_a_la_que_asoma(QVector<int>& anchos, const Cesiones& c,
                 nombres[i] = qMax(0, anchos[i] - (c.anchos[i] - c.nombre[i]));
             continue;
         }
-        if (!pedidos[i].cifra || falta >= anchos[i] || falta > suma(vacias) + suma(nombres) * 3 / 4)
+        if (!pedidos[i].cifra || pedidos[i].vacia || falta >= anchos[i] ||
+            falta > suma(vacias) + suma(nombres) * 3 / 4)
             return;
         QVector<int> da(anchos.size(), 0);
         de_lo_que_falta(da, nombres, de_lo_que_falta(da, vacias, falta));
@@ -314,8 +315,12 @@ void AnchosRejilla::mida_texto(int columna, PedidoAncho& p) const {
     const ColumnaRejilla& c = rejilla_.columna(columna);
     const QFontMetrics medidas(rejilla_.font());
     const int declarado = ancho_caracteres(medidas, c.ancho);
-    const auto [lleno, calla] = contenido(columna, 0, rejilla_.modelo().rowCount());
-    const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho));
+    const int filas = rejilla_.modelo().rowCount();
+    const auto [lleno, calla] = contenido(columna, 0, filas);
+    int nivel = 0;
+    for (int f = 0; rejilla_.sangrada(columna) && f < qMin(filas, kFilasMedidas); ++f)
+        nivel = qMax(nivel, rejilla_.aspecto_de(f).nivel);
+    const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho) + 2 * nivel);
     p.contenido = qMax(poco, qMin(lleno, declarado * 6 / 10));
     p.comodo = qMax(lleno, declarado);
     // Donde se digita un nombre siempre hay sitio para su comienzo.
