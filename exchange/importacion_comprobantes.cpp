@@ -149,6 +149,7 @@ void ImportacionComprobantes::cierre() {
         falla = QStringLiteral("Comprobante descuadrado.");
     if (falla.isEmpty() && id_ == 0 && !supuesto_)
         falla = asegure_prefijo();
+    numero_final_.clear();
     if (falla.isEmpty() && !ya_entro())
         falla = asiente();
     if (!falla.isEmpty() && anote)
@@ -295,7 +296,6 @@ QString ImportacionComprobantes::revise_en_base(Transaccion& t) {
 }
 
 void ImportacionComprobantes::grabe(Transaccion& t) {
-    numero_final_.clear();
     if (id_ != 0) {
         t.conexion()
             .prepare("execute procedure aumente_comprobante(?, ?)", t)
