@@ -292,7 +292,7 @@ private slots:
         QCOMPARE(pegue("98765\n"), "98765|");
         QCOMPARE(pegue("98-7"), "98765|Lo pegado no entra aquí: '98-7'.");
         QApplication::clipboard()->setText("43\n");
-        QContextMenuEvent pide(QContextMenuEvent::Keyboard, {});
+        QContextMenuEvent pide(QContextMenuEvent::Keyboard, {}, {});
         QApplication::sendEvent(&m.codigo, &pide);
         QWidget* menu = QApplication::activePopupWidget();
         for (QAction* accion : menu->actions())
