@@ -26,7 +26,8 @@ constexpr int kSinServidor = 2; ///< documentos seguidos: cada uno de los demás
 const QString kEnAjustes =
     QStringLiteral("En el período de ajustes no hay documentos por contabilizar: escoja otro mes.");
 const QString kListaDeAntes =
-    QStringLiteral("El período de ajustes no tiene documentos: la lista es la que ya estaba.");
+    QStringLiteral("El período de trabajo pasó al de ajustes, que no tiene documentos por "
+                   "contabilizar: la lista es la que ya estaba. Escoja otro mes.");
 constexpr int kPrimerAno = 1990, kUltimoAno = 2099, kUltimoMes = 11;
 
 /// Cuánto va de un lote. Cancelar espera a que termine el documento que va.
