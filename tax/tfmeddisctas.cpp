@@ -1,5 +1,6 @@
 #include "tax/tfmeddisctas.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "datos/recordset/consecutivo.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -154,7 +155,7 @@ void Tfmeddisctas::CmmcuentasBeforePost() {
 void Tfmeddisctas::SBGrabarClick() {
     for (ConjuntoDatos* c : {detalle_, maestro_})
         c->CheckBrowseMode();
-    maestro_->ApplyUpdates(0);
+    grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle());
 }
 
 void Tfmeddisctas::SBCopiarClick() {

@@ -1,5 +1,6 @@
 #include "tax/tfmodtaxonom.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "datos/recordset/consecutivo.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdm.h"
@@ -186,7 +187,7 @@ void Tfmodtaxonom::CTaxdetalleAfterInsert() {
 bool Tfmodtaxonom::grabe() {
     for (ConjuntoDatos* c : {detalle_, maestro_})
         c->CheckBrowseMode();
-    return maestro_->ApplyUpdates(0) == 0;
+    return grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle()) == 0;
 }
 
 void Tfmodtaxonom::abra_del_renglon(const QString& pantalla) {
