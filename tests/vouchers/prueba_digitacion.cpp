@@ -408,7 +408,8 @@ private slots:
         dice([&] { continuar.click(); },
              "\"Aplica a\" tiene un tipo y le falta el número del documento. Digítelo o borre el "
              "tipo con Supr.");
-        QVERIFY(p->GroupBox1->isVisible() && componente<QWidget>(p, "EAplica").hasFocus());
+        QVERIFY(p->GroupBox1->isVisible());
+        QCOMPARE(con_foco()->objectName(), "EAplica");
         p->CDetalle.FieldByName("CODE_TIPOAPL").limpie();
         p->CDetalle.FieldByName("DOCO_VENCE") = "77880115";
         const QString absurdo = "El documento no puede vencer en el año 7788: va de 1990 a 2099.";
@@ -419,7 +420,8 @@ private slots:
             },
             absurdo);
         dice(Qt::Key_F2, absurdo);
-        QVERIFY(p->GroupBox1->isVisible() && p->DateTimePicker1->hasFocus());
+        QVERIFY(p->GroupBox1->isVisible());
+        QCOMPARE(con_foco()->objectName(), "DateTimePicker1");
         p->CDetalle.FieldByName("DOCO_VENCE") = "20180515";
         continuar.click();
         QVERIFY(!p->GroupBox1->isVisible());
