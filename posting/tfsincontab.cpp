@@ -3,6 +3,7 @@
 #include "libro/propuesta.h"
 #include "posting/pch.h"
 #include "posting/tfresumencontab.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
@@ -183,7 +184,7 @@ void Tfsincontab::calcule_pendientes() {
     const bool abierta = CSincontab.Active();
     DBGridEh1->setProperty("sin_consultar", indice > kUltimoMes ? kEnAjustes : QString());
     if (indice > kUltimoMes) {
-        fdm().mostrar_advertencia(abierta ? kListaDeAntes : kEnAjustes);
+        advierta_de_pantalla(abierta ? kListaDeAntes : kEnAjustes);
         return;
     }
     for (const QString& aviso : {kEnAjustes, kListaDeAntes})

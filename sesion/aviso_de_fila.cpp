@@ -70,6 +70,12 @@ void advierta_de_fila(ConjuntoDatos& conjunto, const QString& texto) {
     new AvisoDeFila(conjunto);
 }
 
+void advierta_de_pantalla(const QString& texto) {
+    fdm().mostrar_advertencia(texto);
+    if (AvisosBarra* barra = fdm().barra())
+        aviso_de_pantalla(*barra);
+}
+
 void aviso_de_pantalla(AvisosBarra& barra) {
     const QWidget* modal = QApplication::activeModalWidget();
     Pantalla* pantalla = modal ? modal->findChild<Pantalla*>() : nullptr;

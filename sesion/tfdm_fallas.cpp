@@ -147,10 +147,8 @@ QString Tfdm::nombre_campo(const QString& nombre) {
 
 void Tfdm::mostrar_advertencia(const QString& texto) {
     const int decimas = valor<Llave::DuracionAdvertencias>();
-    if (!barra_)
-        return;
-    barra_->mostrar_advertencia(texto, decimas);
-    aviso_de_pantalla(*barra_);
+    if (barra_)
+        barra_->mostrar_advertencia(texto, decimas);
 }
 
 void Tfdm::mostrar_alerta(const QString& texto) {

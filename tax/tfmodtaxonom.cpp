@@ -2,6 +2,7 @@
 
 #include "catalogues/grabe_y_anuncie.h"
 #include "datos/recordset/consecutivo.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -236,7 +237,7 @@ bool Tfmodtaxonom::abra_resultado() {
     if (!grabe())
         return false;
     if (EFecIni->vacia()) {
-        fdm().mostrar_advertencia("Digite la fecha de los saldos.");
+        advierta_de_pantalla("Digite la fecha de los saldos.");
         EFecIni->setFocus();
         return false;
     }
