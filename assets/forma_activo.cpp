@@ -3,6 +3,7 @@
 #include "assets/pch.h"
 #include "assets/peticiones_activos.h"
 #include "assets/tfgruposact.h"
+#include "catalogues/grabe_y_anuncie.h"
 #include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
@@ -184,8 +185,13 @@ QWidget* FormaActivo::cuenta(const char* columna, const char* marca, Libro libro
     e->setToolTip("? y el comienzo de la cuenta abre el plan; doble clic también");
     auto* nombre = caja_que_muestra(qPrintable(QString("Nom") + marca), 34);
     e->OnDblClick = [this, columna, libro] { busque_cuenta(columna, libro, {}); };
-    CActivo.FieldByName(columna).OnChange = [this, libro, nombre](Campo& c) {
+    CActivo.FieldByName(columna).OnChange = [this, libro, nombre, e](Campo& c) {
+        const QString digitada = c.texto();
         cuenta_cambiada(c, libro, nombre);
+        // Rehusada: lo que se siga tecleando a ciegas no es de la caja que sigue.
+        if (!digitada.isEmpty() && c.vacio() && !PreguntaEnCampo::es(digitada))
+            QMetaObject::invokeMethod(
+                e, [e] { e->setFocus(); }, Qt::QueuedConnection);
     };
     pregunta_.atienda(CActivo.FieldByName(columna));
     // Una que se inactivó después sigue siendo la suya: se nombra sin validarla.
@@ -425,7 +431,7 @@ void FormaActivo::SBGrabarClick() {
     CInicial.CheckBrowseMode();
     CFoto.CheckBrowseMode();
     CActivo.Post();
-    if (CActivo.ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(CActivo, "Grabado activo " + CActivo.FieldByName("ACFJ_COD").texto()) == 0)
         close();
     else
         CActivo.Edit();

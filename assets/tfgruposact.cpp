@@ -2,6 +2,7 @@
 
 #include "assets/pch.h"
 #include "assets/peticiones_activos.h"
+#include "catalogues/grabe_y_anuncie.h"
 
 #include <QApplication>
 
@@ -62,8 +63,9 @@ Tfgruposact::Tfgruposact()
         "ACGR_TIPODEP",
         {"Línea recta", "Saldos decrecientes", "Suma de dígitos", "Unidades producidas"},
         {"1", "2", "3", "4"});
-    barra_->principal(barra_->boton("SBGrabar", "F2:Modificar", "document-save", Qt::Key_F2,
-                                    [this] { maestro_->ApplyUpdates(0); }));
+    barra_->principal(
+        barra_->boton("SBGrabar", "F2:Modificar", "document-save", Qt::Key_F2,
+                      [this] { grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle()); }));
     escoja_con([this] { SBSelecClick(); });
     barra_->separe();
     barra_->boton("SBCancelar", "Esc:Salir", "window-close", Qt::Key_Escape,
@@ -81,7 +83,7 @@ void Tfgruposact::FormCreate() {
 
 void Tfgruposact::SBSelecClick() {
     // El activo se une a un grupo de la base: el que se acaba de digitar se graba primero.
-    if (maestro_->ApplyUpdates(0) > 0)
+    if (grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle()) > 0)
         return;
     if (maestro_->IsEmpty()) {
         QApplication::beep();

@@ -2,6 +2,7 @@
 
 #include "budget/pch.h"
 #include "budget/peticiones_presupuesto.h"
+#include "catalogues/grabe_y_anuncie.h"
 #include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/lista_tecleo.h"
@@ -236,7 +237,7 @@ void Tfnvopresup::SBGrabarClick() {
     if (CPresupuesto.State() == Estado::Insercion && !CPresupuesto.Modified())
         CPresupuesto.Cancel();
     CPresupuesto.CheckBrowseMode();
-    if (CPresupuesto.ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(CPresupuesto, "Grabado: " + windowTitle()) == 0)
         close();
 }
 

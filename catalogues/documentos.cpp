@@ -174,7 +174,8 @@ void NuevoDocumento::SBGrabarClick() {
             .entero() +
         1;
     CDocs.FieldByName(datos_.archivo) = documento;
-    if (CDocs.ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(CDocs, "Grabado documento " + CDocs.FieldByName(datos_.nombre).texto()) ==
+        0)
         resultado_modal(mrOk);
 }
 

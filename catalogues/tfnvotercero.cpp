@@ -5,7 +5,6 @@
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/controles/editordato.h"
-#include "toolkit/controles/listadato.h"
 #include "toolkit/dialogos.h"
 
 Tfnvotercero::Tfnvotercero() : FormaTercero("Tfnvotercero", "Nuevo tercero") {
@@ -27,9 +26,10 @@ void Tfnvotercero::FormCreate() {
         return;
     un_solo_nit_ = true;
     campo("TERC_NIT") = pedido;
-    // El NIT ya está: se empieza por lo que sigue.
+    // El NIT ya está y el tipo propuesto: se empieza por lo que falta. Lo que se digite a ciegas no
+    // cambia el tipo; Mayús+Tab lleva a él.
     if (!campo("TERC_NIT").vacio())
-        findChild<ListaDato*>("LTipoid")->setFocus();
+        ENombre->setFocus();
 }
 
 void Tfnvotercero::CTercerosAfterInsert() {

@@ -50,6 +50,8 @@ Tftipodoc::Tftipodoc()
     };
     detalle_->AfterScroll = [this] { CPrefijosAfterScroll(); };
     maestro_->AfterScroll = [this] { CTipodocAfterScroll(); };
+    // También desde que se marca, sin tener que pasar antes por otra fila.
+    maestro_->FieldByName("TICO_FORMATO").OnChange = [this](Campo&) { CTipodocAfterScroll(); };
     // La base, y no la pantalla, decide si un tipo puede irse con prefijos: la cascada solo deja
     // quitar la fila de la vista y no borra prefijos al grabar.
     maestro_->BeforeDelete = [this] { proveedor_->Options |= poCascadeDeletes; };

@@ -147,14 +147,18 @@ ResultadoImportacion Importacion::corra() {
 bool Importacion::resuelto_antes(const RegistroLeido& registro) {
     if (!diario || registro.renglon > diario->desde().hasta)
         return false;
-    ++resultado_.de_antes;
     if (const QString razon = diario->desde().rechazados.value(registro.renglon); !razon.isEmpty())
         resultado_.rechazados.append({registro.renglon, registro.crudo, razon});
+    else
+        ++resultado_.de_antes;
     return true;
 }
 
 void Importacion::detengase() {
     resultado_.cancelada = true;
+    // Lo leído que no alcanzó a resolverse no se cuenta: lo toma la que siga.
+    resultado_.leidos = resultado_.grabados + resultado_.rechazados.size() + resultado_.omitidos +
+                        resultado_.de_antes;
     if (resultado_.siguen_los_anteriores)
         resultado_.grabados = 0;
 }

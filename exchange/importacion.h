@@ -40,7 +40,7 @@ struct RenglonRechazado {
 struct ResultadoImportacion {
     qint64 leidos = 0, grabados = 0;
     qint64 omitidos = 0;  ///< en blanco, o de una cuenta o un tercero que ya existían
-    qint64 de_antes = 0;  ///< resueltos por la que se cortó; sus rechazados se repiten aquí
+    qint64 de_antes = 0;  ///< los que no rehusó la que se cortó; los que sí se repiten aquí
     qint64 agregados = 0; ///< de los grabados, los de comprobantes que ya estaban antes de empezar
     QVector<RenglonRechazado> rechazados;
     QStringList avisos; ///< de lo que entró incompleto, también anotados

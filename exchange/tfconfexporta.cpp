@@ -1,4 +1,6 @@
 #include "exchange/tfconfexporta.h"
+
+#include "catalogues/grabe_y_anuncie.h"
 #include "toolkit/sin_grabar.h"
 
 #include "exchange/pch.h"
@@ -100,7 +102,8 @@ void Tfconfexporta::escoja(const QString& texto, bool nueva) {
 }
 
 void Tfconfexporta::SBGrabarClick() {
-    if (CCuentas.ApplyUpdates(0) == 0 && CPrefijos.ApplyUpdates(0) == 0)
+    const QString aviso = "Grabado: " + windowTitle();
+    if (grabe_y_anuncie(CCuentas, aviso) == 0 && grabe_y_anuncie(CPrefijos, aviso) == 0)
         close();
 }
 

@@ -197,9 +197,11 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
 QString Tfimportarinv3::forma() const {
     QStringList forma{QString::number(asistente_.formato), QString::number(asistente_.separador),
                       QString::number(asistente_.delimitador)};
+    QStringList datos; // en un solo orden: las filas salen distintas según se hayan editado
     for (const ColumnaImportacion& c : columnas(true))
-        forma << c.dato + '=' + QString::number(c.columna);
-    return forma.join(' ');
+        datos << c.dato + '=' + QString::number(c.columna);
+    datos.sort();
+    return (forma + datos).join(' ');
 }
 
 bool Tfimportarinv3::prepare_diario() {

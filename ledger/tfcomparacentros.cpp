@@ -1,6 +1,7 @@
 #include "ledger/tfcomparacentros.h"
 
 #include "libro/sin_cierre.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/instalacion.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
@@ -263,7 +264,7 @@ void Tfcomparacentros::recalcule() {
 void Tfcomparacentros::muestre() {
     const DisposicionCubo d = zonas->disposicion();
     if (d.valores.isEmpty()) {
-        fdm().mostrar_advertencia("Ponga al menos una cifra en los valores.");
+        advierta_de_pantalla("Ponga al menos una cifra en los valores.");
         return;
     }
     rejilla->disponga(cubo_, d);

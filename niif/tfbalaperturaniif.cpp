@@ -1,5 +1,6 @@
 #include "niif/tfbalaperturaniif.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "niif/apertura.h"
 #include "niif/paginas.h"
 #include "niif/pch.h"
@@ -378,7 +379,7 @@ void Tfbalaperturaniif::SBGrabarClick() {
         else
             CSaldos.Post();
     }
-    if (CSaldos.ApplyUpdates(-1) > 0)
+    if (grabe_y_anuncie(CSaldos, "Grabado: " + windowTitle(), -1) > 0)
         return;
     if (borrador_)
         borrador_->descarte();

@@ -1,5 +1,6 @@
 #include "periodend/forma_concepto.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "libro/catalogos.h"
 #include "periodend/pch.h"
 #include "periodend/peticiones_cierre.h"
@@ -343,7 +344,7 @@ void FormaConcepto::SBGrabarClick() {
         DBGridEh1->setFocus();
         return;
     }
-    if (CConceptos.ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(CConceptos, "Grabado: " + windowTitle()) == 0)
         close();
     else
         CConceptos.Edit();

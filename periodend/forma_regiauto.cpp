@@ -1,4 +1,6 @@
 #include "periodend/forma_regiauto.h"
+
+#include "catalogues/grabe_y_anuncie.h"
 #include "toolkit/sin_grabar.h"
 
 #include "periodend/pch.h"
@@ -155,7 +157,7 @@ void FormaRegiauto::reciba_concepto(const QString& concepto) {
 void FormaRegiauto::SBGrabarClick() {
     CDetalle.CheckBrowseMode();
     CRegistro.Post();
-    if (CRegistro.ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(CRegistro, "Grabado: " + windowTitle()) == 0)
         close();
     else
         CRegistro.Edit();

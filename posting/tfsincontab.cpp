@@ -3,6 +3,7 @@
 #include "libro/propuesta.h"
 #include "posting/pch.h"
 #include "posting/tfresumencontab.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
@@ -26,7 +27,8 @@ constexpr int kSinServidor = 2; ///< documentos seguidos: cada uno de los demás
 const QString kEnAjustes =
     QStringLiteral("En el período de ajustes no hay documentos por contabilizar: escoja otro mes.");
 const QString kListaDeAntes =
-    QStringLiteral("El período de ajustes no tiene documentos: la lista es la que ya estaba.");
+    QStringLiteral("El período de trabajo pasó al de ajustes, que no tiene documentos por "
+                   "contabilizar: la lista es la que ya estaba. Escoja otro mes.");
 constexpr int kPrimerAno = 1990, kUltimoAno = 2099, kUltimoMes = 11;
 
 /// Cuánto va de un lote. Cancelar espera a que termine el documento que va.
@@ -182,7 +184,7 @@ void Tfsincontab::calcule_pendientes() {
     const bool abierta = CSincontab.Active();
     DBGridEh1->setProperty("sin_consultar", indice > kUltimoMes ? kEnAjustes : QString());
     if (indice > kUltimoMes) {
-        fdm().mostrar_advertencia(abierta ? kListaDeAntes : kEnAjustes);
+        advierta_de_pantalla(abierta ? kListaDeAntes : kEnAjustes);
         return;
     }
     for (const QString& aviso : {kEnAjustes, kListaDeAntes})

@@ -1,5 +1,6 @@
 #include "reports/forma_nota.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editordato.h"
@@ -225,7 +226,7 @@ void FormaNota::ponga_nota() {
 
 void FormaNota::SBGrabarClick() {
     ponga_nota();
-    if (CNotasestados.ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(CNotasestados, "Grabado: " + windowTitle()) == 0)
         close();
 }
 

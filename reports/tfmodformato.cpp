@@ -1,5 +1,6 @@
 #include "reports/tfmodformato.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "reports/lienzo_informe.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
@@ -357,7 +358,8 @@ bool Tfmodformato::aplique() {
         CFormato.FieldByName("FOCO_IMPRESORA") = EImpresora->currentIndex();
     }
     CFormato.CheckBrowseMode();
-    if (CFormato.ApplyUpdates(0) != 0)
+    if (grabe_y_anuncie(CFormato,
+                        "Grabado formato " + CFormato.FieldByName("FOCO_NOMBRE").texto()) != 0)
         return false;
     ECodigo->ReadOnly(true); // ya tiene renglones con él
     return true;

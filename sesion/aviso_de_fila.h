@@ -1,7 +1,14 @@
 #pragma once
-// Advertencia sobre la fila que se digita: se retira cuando la fila se corrige, se graba o se deja.
+// Avisos de la barra de estado que se van con lo que los causó.
 #include <QString>
 
+class AvisosBarra;
 class ConjuntoDatos;
 
+/// Advertencia sobre la fila que se digita: se retira cuando se corrige, se graba o se deja.
 void advierta_de_fila(ConjuntoDatos& conjunto, const QString& texto);
+/// Advertencia sobre lo que la pantalla tiene a la vista: se retira al cerrarla. La que cuenta lo
+/// que ya pasó no va por aquí, que la pantalla puede cerrarse enseguida.
+void advierta_de_pantalla(const QString& texto);
+/// Lo que la barra acaba de decir es de la pantalla en que se está: al cerrarla se retira.
+void aviso_de_pantalla(AvisosBarra& barra);

@@ -7,6 +7,7 @@
 #include "sesion/tfdmcnt.h"
 #include "toolkit/aviso_salida.h"
 #include "toolkit/barraestado.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -105,9 +106,11 @@ void Tfdm::barra(AvisosBarra* barra) {
     barra_ = barra;
     if (!barra)
         return diga_salidas({});
-    diga_salidas([this](const QString& texto) {
-        barra_->mostrar_noticia(texto, valor<Llave::DuracionAdvertencias>());
-    });
+    diga_salidas(
+        [this](const QString& texto) {
+            barra_->mostrar_noticia(texto, valor<Llave::DuracionAdvertencias>());
+        },
+        [this](const QString& texto) { retire_aviso(barra_, texto); });
 }
 
 // ---------------------------------------------------------------- configuración

@@ -144,6 +144,8 @@ QString Tfdmcnt::compone_fecha_admin(const QString& dia) const {
 // ---------------------------------------------------------------- cuentas
 
 bool Tfdmcnt::valide_cuenta(const QString& cuenta, Libro libro) {
+    if (cuenta.trimmed().isEmpty())
+        return false; // solo espacios: no hay cuenta que crear
     const auto rechazo = revise_cuenta(fdm().Quorvex, libro, cuenta);
     if (!rechazo)
         return true;

@@ -45,7 +45,8 @@ ResumenArchivos archivos_por_tercero(ConjuntoDatos& filas, ConjuntoDatos& uno,
         for (; !filas.Eof() && filas.FieldByName("NIT").texto() == nit; filas.Next()) {
             uno.Append();
             for (int i = 0; i < uno.FieldCount(); ++i)
-                uno.Fields(i) = filas.FieldByName(uno.Fields(i).FieldName).valor();
+                if (Campo& campo = uno.Fields(i); campo.tipo == TipoCampo::Datos)
+                    campo = filas.FieldByName(campo.FieldName).valor();
             uno.Post();
         }
         // Dos NIT que solo difieren en un signo no se pisan el archivo.

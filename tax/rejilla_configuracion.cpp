@@ -1,5 +1,6 @@
 #include "tax/rejilla_configuracion.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/navegadordatos.h"
@@ -33,7 +34,7 @@ void RejillaConfiguracion::arme(const QVector<DefinicionColumna>& columnas,
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2, [this] {
         CCambiosit->CheckBrowseMode();
-        CCambiosit->ApplyUpdates(0);
+        grabe_y_anuncie(*CCambiosit, "Grabado: " + windowTitle());
     }));
     barra->separe();
     barra->boton("SBCancelar", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });

@@ -1,5 +1,6 @@
 #include "tax/tfconfmediosm.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "datos/recordset/consecutivo.h"
 #include "sesion/tfdm.h"
 #include "tax/cuentas_configuradas.h"
@@ -181,5 +182,5 @@ void Tfconfmediosm::CmmcuentasBeforePost() {
 void Tfconfmediosm::SBGrabarClick() {
     for (ConjuntoDatos* c : {detalle_, maestro_})
         c->CheckBrowseMode();
-    maestro_->ApplyUpdates(0);
+    grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle());
 }

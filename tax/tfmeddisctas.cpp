@@ -1,6 +1,8 @@
 #include "tax/tfmeddisctas.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "datos/recordset/consecutivo.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "tax/articulos_distrito.h"
@@ -154,7 +156,7 @@ void Tfmeddisctas::CmmcuentasBeforePost() {
 void Tfmeddisctas::SBGrabarClick() {
     for (ConjuntoDatos* c : {detalle_, maestro_})
         c->CheckBrowseMode();
-    maestro_->ApplyUpdates(0);
+    grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle());
 }
 
 void Tfmeddisctas::SBCopiarClick() {
@@ -164,13 +166,13 @@ void Tfmeddisctas::SBCopiarClick() {
     const QString desde = maestro_->FieldByName("MMDI_ANO").texto(), hasta = EAnoNuevo->text();
     const QString articulos = "artículos de " + desde;
     if (desde == hasta) {
-        fdm().mostrar_advertencia("Indique a qué otro año se copian los " + articulos + '.');
+        advierta_de_pantalla("Indique a qué otro año se copian los " + articulos + '.');
         EAnoNuevo->setFocus();
         return;
     }
     const int copiados = copie_articulos(fdm().Quorvex, desde, hasta);
     if (!copiados) {
-        fdm().mostrar_advertencia("El año " + hasta + " ya tiene todos los " + articulos + '.');
+        advierta_de_pantalla("El año " + hasta + " ya tiene todos los " + articulos + '.');
         return;
     }
     maestro_->Reabra();

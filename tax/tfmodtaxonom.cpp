@@ -1,6 +1,8 @@
 #include "tax/tfmodtaxonom.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "datos/recordset/consecutivo.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -186,7 +188,7 @@ void Tfmodtaxonom::CTaxdetalleAfterInsert() {
 bool Tfmodtaxonom::grabe() {
     for (ConjuntoDatos* c : {detalle_, maestro_})
         c->CheckBrowseMode();
-    return maestro_->ApplyUpdates(0) == 0;
+    return grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle()) == 0;
 }
 
 void Tfmodtaxonom::abra_del_renglon(const QString& pantalla) {
@@ -235,7 +237,7 @@ bool Tfmodtaxonom::abra_resultado() {
     if (!grabe())
         return false;
     if (EFecIni->vacia()) {
-        fdm().mostrar_advertencia("Digite la fecha de los saldos.");
+        advierta_de_pantalla("Digite la fecha de los saldos.");
         EFecIni->setFocus();
         return false;
     }

@@ -1,5 +1,6 @@
 #include "tax/tftaxnotas.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -64,7 +65,7 @@ void Tftaxnotas::ubique() {
 
 void Tftaxnotas::SBGrabarClick() {
     CTaxnotas->CheckBrowseMode();
-    if (CTaxnotas->ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(*CTaxnotas, "Grabado: " + windowTitle()) == 0)
         close();
 }
 

@@ -1,5 +1,6 @@
 #include "tax/tftaxonomias.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "datos/recordset/consecutivo.h"
 #include "sesion/tfdm.h"
 #include "tax/taxonomia.h"
@@ -55,7 +56,7 @@ bool Tftaxonomias::FormClose() {
 
 bool Tftaxonomias::grabe() {
     Ctaxonomia->CheckBrowseMode();
-    return Ctaxonomia->ApplyUpdates(0) == 0;
+    return grabe_y_anuncie(*Ctaxonomia, "Grabado: " + windowTitle()) == 0;
 }
 
 void Tftaxonomias::SBNuevoClick() {

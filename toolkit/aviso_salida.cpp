@@ -8,6 +8,10 @@ std::function<void(const QString&)>& quien() {
     static std::function<void(const QString&)> oye;
     return oye;
 }
+std::function<void(const QString&)>& quien_retira() {
+    static std::function<void(const QString&)> retira;
+    return retira;
+}
 } // namespace
 
 void avise(const QString& texto) {
@@ -15,8 +19,15 @@ void avise(const QString& texto) {
         quien()(texto);
 }
 
-void diga_salidas(std::function<void(const QString& texto)> oye) {
+void diga_salidas(std::function<void(const QString& texto)> oye,
+                  std::function<void(const QString& texto)> retira) {
     quien() = std::move(oye);
+    quien_retira() = std::move(retira);
+}
+
+void aviso_resuelto(const QString& texto) {
+    if (quien_retira())
+        quien_retira()(texto);
 }
 
 void avise_grabado(const QString& ruta) {

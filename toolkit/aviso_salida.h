@@ -5,8 +5,11 @@
 
 class QPrinter;
 
-/// Quién dice los avisos; sin nadie, se pierden.
-void diga_salidas(std::function<void(const QString& texto)> quien);
+/// Quién dice los avisos, y quién retira los que ya se resolvieron; sin nadie, se pierden.
+void diga_salidas(std::function<void(const QString& texto)> quien,
+                  std::function<void(const QString& texto)> retira = {});
+/// Lo que la barra de estado dice con ese texto ya se corrigió: deja de verse.
+void aviso_resuelto(const QString& texto);
 /// Lo dice la barra de estado, sin detener a nadie.
 void avise(const QString& texto);
 /// "Grabado en /ruta/balance.pdf".

@@ -1,5 +1,7 @@
 #include "toolkit/dialogos.h"
 
+#include "toolkit/letras_alt.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -110,6 +112,7 @@ Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos, Res
     QVector<QPushButton*> botones;
     for (const QString& rotulo : rotulos)
         botones << d.addButton(rotulo, QMessageBox::ActionRole);
+    ponga_letras(d);
     d.setDefaultButton(botones.value(escogida));
     d.exec();
     // Sin `indexOf` sobre nulo: cerrar el diálogo no oprime ningún botón.

@@ -39,17 +39,25 @@ void HistoriaAvisos::anote(const QString& texto) {
     if (!avisos_.isEmpty() && avisos_.last().texto == texto)
         avisos_.removeLast();
     avisos_ << Aviso{ahora, texto};
+    ++dichos_;
     if (avisos_.size() > kAvisosGuardados)
         avisos_.removeFirst();
     envejece_.start(kCadaCuantoMs);
     barra_->update();
 }
 
-void HistoriaAvisos::retire(const QString& texto) {
-    if (avisos_.isEmpty() || avisos_.last().texto != texto)
-        return;
+bool HistoriaAvisos::retire(qint64 cual) {
+    if (cual != dichos_ || cual == 0)
+        return false;
     retirado_ = true;
     barra_->update();
+    return true;
+}
+
+void HistoriaAvisos::cambie(const QString& antes, const QString& ahora) {
+    for (Aviso& a : avisos_)
+        if (a.texto == antes)
+            a.texto = ahora;
 }
 
 QString HistoriaAvisos::edad(const Aviso& aviso) const {
@@ -140,12 +148,34 @@ void anuncie(AvisosBarra* barra, const QString& texto) {
         historia->anote(texto);
 }
 
+void retire_aviso(AvisosBarra* barra, qint64 cual) {
+    HistoriaAvisos* historia = HistoriaAvisos::de(barra);
+    if (!historia || !historia->retire(cual) || barra->text() != historia->avisos().last().texto)
+        return;
+    if (barra->color() == AvisosBarra::Rojo)
+        barra->Timer2Timer();
+    else
+        barra->texto({});
+}
+
+void retire_aviso(AvisosBarra* barra, const QString& texto) {
+    const HistoriaAvisos* historia = HistoriaAvisos::de(barra);
+    if (historia && !historia->avisos().isEmpty() && historia->avisos().last().texto == texto)
+        retire_aviso(barra, historia->ultimo());
+}
+
 void retire_advertencia(AvisosBarra* barra, const QString& texto) {
+    retire_aviso(barra, QStringLiteral("Advertencia: ") + texto);
+}
+
+void cambie_aviso(AvisosBarra* barra, const QString& antes, const QString& ahora) {
     HistoriaAvisos* historia = HistoriaAvisos::de(barra);
     if (!historia)
         return;
-    const QString dicha = QStringLiteral("Advertencia: ") + texto;
-    historia->retire(dicha);
-    if (barra->color() == AvisosBarra::Rojo && barra->text() == dicha)
-        barra->Timer2Timer();
+    historia->cambie(antes, ahora);
+    if (barra->text() == antes) {
+        barra->setText(ahora); // es el mismo aviso, no otro
+        barra->setToolTip(ahora);
+    }
+    barra->update(); // en reposo también lo muestra
 }

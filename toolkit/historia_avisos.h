@@ -21,8 +21,13 @@ public:
     static HistoriaAvisos* de(const AvisosBarra* barra);
 
     void anote(const QString& texto);
-    /// Ese aviso, si es el último, ya no se muestra en reposo; en la historia sigue.
-    void retire(const QString& texto);
+    /// Ese aviso, si es el último, ya no se muestra en reposo; en la historia sigue. Falso si no lo
+    /// es.
+    bool retire(qint64 cual);
+    /// Los que digan lo uno quedan diciendo lo otro.
+    void cambie(const QString& antes, const QString& ahora);
+    /// Con qué se nombra al último después; 0 si ninguno.
+    qint64 ultimo() const { return dichos_; }
     const QVector<Aviso>& avisos() const { return avisos_; }
     /// "hace 3 min": vacía en el primer minuto.
     QString edad(const Aviso& aviso) const;
@@ -39,6 +44,7 @@ private:
 
     AvisosBarra* barra_;
     QVector<Aviso> avisos_;
+    qint64 dichos_ = 0;
     bool retirado_ = false; ///< el último
     QTimer envejece_;
 };
@@ -46,5 +52,10 @@ private:
 /// Dice lo que se acaba de hacer ("Grabado FC 0001 000106"). No cambia el color de la barra ni tapa
 /// una advertencia: en ese caso queda para cuando termine. Sin barra no hace nada.
 void anuncie(AvisosBarra* barra, const QString& texto);
-/// Lo que esa advertencia decía ya se resolvió: deja de verse, también en reposo.
+/// Lo que ese aviso decía ya se resolvió: si es el último, deja de verse, también en reposo.
+void retire_aviso(AvisosBarra* barra, qint64 cual);
+void retire_aviso(AvisosBarra* barra, const QString& texto);
+/// El de `mostrar_advertencia`, por el texto que se le dio.
 void retire_advertencia(AvisosBarra* barra, const QString& texto);
+/// Donde la barra y su historia digan `antes`, desde ya dicen `ahora`.
+void cambie_aviso(AvisosBarra* barra, const QString& antes, const QString& ahora);

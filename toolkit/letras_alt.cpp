@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTabBar>
 #include <algorithm>
@@ -89,5 +90,17 @@ void reparta_letras(QWidget& pantalla, const QSet<QChar>& ocupadas) {
         r.ponga(texto);
         if (r.a_la_vista)
             usadas << letra_de(texto);
+    }
+}
+
+void ponga_letras(QWidget& dialogo) {
+    QSet<QChar> usadas;
+    for (const Rotulo& r : rotulos_de(dialogo))
+        usadas << letra_de(r.lea());
+    for (auto* b : dialogo.findChildren<QPushButton*>()) {
+        if (!letra_de(b->text()).isNull() || b->text().contains(':'))
+            continue;
+        b->setText(con_otra_letra(b->text(), usadas));
+        usadas << letra_de(b->text());
     }
 }

@@ -1,6 +1,7 @@
 #include "toolkit/lista_teclas.h"
 
 #include "toolkit/estilo.h"
+#include "toolkit/letras_alt.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/pivote/zonas_cubo.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -194,6 +195,7 @@ void muestre_teclas(QWidget* ventana, const QString& titulo,
     auto* todo = new QVBoxLayout(&dialogo);
     todo->addWidget(tabla);
     todo->addWidget(botones);
+    ponga_letras(dialogo);
     const int ancho = tabla->columnWidth(0) + tabla->columnWidth(1) + paso(6);
     dialogo.resize(qBound(escalado(520), ancho, escalado(900)), escalado(460));
     tabla->setCurrentItem(tabla->topLevelItem(0));

@@ -2,6 +2,7 @@
 
 #include "datos/recordset/condicion.h"
 #include "libro/fechas.h"
+#include "libro/numeracion.h"
 #include "toolkit/aire.h"
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/disposicion_flujo.h"
@@ -129,6 +130,15 @@ QStringList FiltrosBusqueda::sobrantes(const QString& base) const {
         if (!cajas_[i]->text().isEmpty())
             llenas << QString::fromUtf8(filtros_[i].rotulo);
     return base.isEmpty() && !con_tipo() && llenas.size() > 1 ? llenas : QStringList();
+}
+
+QString FiltrosBusqueda::numero_como_se_graba() const {
+    const QLineEdit* numero = caja("TNum");
+    if (!numero || numero->text().isEmpty() || numero->text().size() >= kCifrasNumero)
+        return {};
+    bool cifras = false;
+    numero->text().toInt(&cifras);
+    return cifras ? complete_numero(numero->text()) : QString();
 }
 
 void FiltrosBusqueda::busque() {

@@ -54,6 +54,10 @@ public:
     /// si se puede buscar. `base` es la de `condicion`.
     QStringList sobrantes(const QString& base) const;
 
+    /// El número digitado, con las cifras con que se graba; vacío si ya las tiene. La búsqueda lo
+    /// compara como texto y a uno más corto no lo halla.
+    QString numero_como_se_graba() const;
+
     std::function<void()> al_buscar;
 
     bool reclama(const QKeyEvent& evento) override;

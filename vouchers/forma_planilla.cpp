@@ -1,5 +1,6 @@
 #include "vouchers/forma_planilla.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
@@ -335,7 +336,8 @@ void FormaPlanilla::SBGrabarClick() {
         CCuentas.Cancel();
     CCuentas.CheckBrowseMode();
     CPlanilla.Post();
-    if (CPlanilla.ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(CPlanilla,
+                        "Grabada planilla " + CPlanilla.FieldByName("PLDI_NOMBRE").texto()) == 0)
         close();
     else
         CPlanilla.Edit();

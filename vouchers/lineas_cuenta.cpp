@@ -337,8 +337,8 @@ void LineasCuenta::exija_abiertas() const {
     if (!rejilla->ReadOnly)
         return;
     QApplication::beep();
-    fdm().mostrar_advertencia("Las líneas de este libro no se pueden cambiar: su fecha está "
-                              "bloqueada o las hizo otro módulo.");
+    advierta_de_pantalla("Las líneas de este libro no se pueden cambiar: su fecha está "
+                         "bloqueada o las hizo otro módulo.");
     throw EdicionAbortada();
 }
 

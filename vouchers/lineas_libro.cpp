@@ -253,6 +253,10 @@ void LineasLibro::cuenta_cambiada() {
     NomCuenta->clear();
     if (cuenta().isEmpty() || busque_cuenta())
         return;
+    if (cuenta().trimmed().isEmpty()) { // unos espacios son la celda vacía
+        campo(n_.cuenta).limpie();
+        return;
+    }
     validar_cuenta();
     if (cuenta().isEmpty()) // rehusada: lo que se digite a ciegas no es del tercero
         rejilla->vuelva_a(kCuenta);

@@ -4,6 +4,10 @@
 #include "toolkit/controles/editor_sugerido.h"
 #include "vouchers/pch.h"
 
+namespace {
+constexpr int kPrimerAno = 1990, kUltimoAno = 2099; ///< de un vencimiento
+}
+
 PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, ConjuntoDatos& tipos,
                                const Campos& campos)
     : PanelFlotante("GroupBox1", "Documento cartera ", pantalla), lineas_(lineas) {
@@ -24,7 +28,7 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
     DateTimePicker1->OnChange = [this] { DateTimePicker1Change(); };
     auto* continuar = new QPushButton("Continuar");
     continuar->setObjectName("SpeedButton2");
-    connect(continuar, &QPushButton::clicked, this, &PanelFlotante::oculte);
+    connect(continuar, &QPushButton::clicked, this, &PanelFlotante::deje);
     Formulario f(this);
     if (campos.aplica) {
         f.fila({{"Documento", numero(campos.numero, "EDocumento")},
@@ -45,6 +49,7 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
             lea_abiertos();
         proponga_vencimiento();
     };
+    falta = [this, campos] { return lo_que_falta(campos); };
     recuerde = [this, campos] {
         antes_.clear();
         for (const char* campo :
@@ -59,6 +64,24 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
                 campo = valor;
             }
     };
+}
+
+PanelFlotante::Falta PanelDocumento::lo_que_falta(const Campos& campos) const {
+    if (lineas_.IsEmpty())
+        return {};
+    if (EAplica && lineas_.FieldByName(campos.tipo_aplica).entero() != 0 &&
+        lineas_.FieldByName(campos.aplica).texto().trimmed().isEmpty())
+        return {EAplica, QStringLiteral("\"Aplica a\" tiene un tipo y le falta el número del "
+                                        "documento. Digítelo o borre el tipo con Supr.")};
+    const QString vence = lineas_.FieldByName("DOCO_VENCE").texto();
+    const int ano = vence.left(4).toInt();
+    if (!vence.isEmpty() && (ano < kPrimerAno || ano > kUltimoAno))
+        return {DateTimePicker1,
+                QStringLiteral("El documento no puede vencer en el año %1: va de %2 a %3.")
+                    .arg(vence.left(4))
+                    .arg(kPrimerAno)
+                    .arg(kUltimoAno)};
+    return {};
 }
 
 // ---------------------------------------------------------------- documentos abiertos

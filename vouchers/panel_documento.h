@@ -30,6 +30,7 @@ public:
     EditorSugerido* EAplica = nullptr;
 
 private:
+    Falta lo_que_falta(const Campos& campos) const;
     EditorSugerido* arme_aplica(const Campos& campos);
     QVector<Sugerencia> abiertos(const QString& tecleado) const;
     void lea_abiertos();

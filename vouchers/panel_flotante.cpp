@@ -19,7 +19,25 @@ void PanelFlotante::foco_cambiado(const QWidget* antes, const QWidget* ahora) {
     const bool estaba = antes && isAncestorOf(antes), esta = isAncestorOf(ahora);
     if (esta && !estaba && OnEnter)
         proteja([this] { OnEnter(); });
-    if (estaba && !esta && isVisible() && ahora->window() == window())
+    if (!estaba || esta || !isVisible() || ahora->window() != window())
+        return;
+    if (falta && falta().caja)
+        QMetaObject::invokeMethod(this, &PanelFlotante::deje, Qt::QueuedConnection);
+    else
+        oculte();
+}
+
+bool PanelFlotante::diga_lo_que_falta() {
+    const Falta f = falta && isVisible() ? falta() : Falta();
+    if (!f.caja)
+        return false;
+    muestre_mensaje(f.texto);
+    f.caja->setFocus();
+    return true;
+}
+
+void PanelFlotante::deje() {
+    if (isVisible() && !diga_lo_que_falta())
         oculte();
 }
 

@@ -18,11 +18,19 @@ public:
 
     void muestre(QWidget* foco);
     void oculte();
+    /// "Continuar": lo oculta si no falta nada; si falta, lo dice y sigue en él.
+    void deje();
     /// De vuelta a su sitio cuando la pantalla cambia de tamaño.
     void ubique();
 
     bool reclama(const QKeyEvent& evento) override;
+    bool termine() override { return !diga_lo_que_falta(); }
 
+    struct Falta {
+        QWidget* caja = nullptr; ///< nula si se puede dejar
+        QString texto;
+    };
+    std::function<Falta()> falta;   ///< antes de dejarlo; Esc no lo pregunta
     std::function<void()> OnEnter;  ///< el foco entró al panel
     std::function<void()> recuerde; ///< va a mostrarse, sin lo que propone al entrar
     std::function<void()> deshaga;  ///< se cerró con Esc
@@ -33,6 +41,7 @@ protected:
 
 private:
     void foco_cambiado(const QWidget* antes, const QWidget* ahora);
+    bool diga_lo_que_falta();
     QWidget* pantalla_;
     QWidget* base_ = nullptr;
 };

@@ -230,8 +230,16 @@ void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
     }
     const auto reciba = [this](const QString& creado) { reciba_en_encabezado("TERC_NIT", creado); };
     if (!pregunte("Tercero no encontrado. Desea crearlo?") ||
-        !cree_tercero_digitado(*this, nit, reciba))
+        !cree_tercero_digitado(*this, nit, reciba)) {
         campo.limpie();
+        devuelva_a(DBEdit2);
+    }
+}
+
+void PantallaComprobante::devuelva_a(QWidget* caja) {
+    // El paso a la que sigue ya va en curso: se vuelve cuando termine.
+    QMetaObject::invokeMethod(
+        caja, [caja] { caja->setFocus(); }, Qt::QueuedConnection);
 }
 
 void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {
@@ -245,6 +253,7 @@ void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {
     if (!campo.texto().isEmpty() && NomMand->text().isEmpty()) {
         campo.limpie();
         muestre_mensaje("El NIT indicado no esta registrado.");
+        devuelva_a(Mand);
     }
 }
 

@@ -78,6 +78,7 @@ protected:
     void encabezado_TERC_NITChange(Campo& campo);
     void ENCO_MANDANTEChange(Campo& campo);
     void muestre_mandante();
+    static void devuelva_a(QWidget* caja); ///< lo que se le digitó se rehusó
     void DBGridDblClick(Libro libro, int columna) override;
     void ckFiltroClick();
     /// Fuera de la rejilla, al tercero del encabezado.

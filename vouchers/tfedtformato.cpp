@@ -1,5 +1,6 @@
 #include "vouchers/tfedtformato.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "toolkit/controles/imagendato.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/datos_formato.h"
@@ -388,7 +389,7 @@ void Tfedtformato::DBImage1Click() {
 bool Tfedtformato::aplique() {
     for (ConjuntoDatos* c : {&CFormadatos, &CFormalineas, &CFormato})
         c->CheckBrowseMode();
-    return CFormato.ApplyUpdates(0) == 0;
+    return grabe_y_anuncie(CFormato, "Grabado formato " + llave_) == 0;
 }
 
 void Tfedtformato::SBCancelClick() {

@@ -3,6 +3,7 @@
 #include "datos/firebird/reloj.h"
 #include "libro/revision.h"
 #include "sesion/auditoria.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/copias_comprobante.h"
 #include "sesion/registro_documentos.h"
 #include "toolkit/estilo.h"
@@ -364,8 +365,8 @@ void Tfedtmovimien::SBGrabarClick() {
         return;
     }
     if (replica_detenida)
-        fdm().mostrar_advertencia("El libro NIIF está bloqueado a la fecha del comprobante: sus "
-                                  "líneas quedaron como estaban.");
+        advierta_de_pantalla("El libro NIIF está bloqueado a la fecha del comprobante: sus "
+                             "líneas quedaron como estaban.");
     imprima_comprobante(QString::number(r.id));
     cierre();
 }

@@ -1,5 +1,6 @@
 #include "vouchers/tfedtplantilla.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/pch.h"
 
@@ -69,7 +70,7 @@ void Tfedtplantilla::SBGrabarClick() {
     tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
     CMovimiento.Post();
     // Las filas que fallen se quedan pendientes y las demás se graban.
-    if (CMovimiento.ApplyUpdates(-1) == 0)
+    if (grabe_y_anuncie(CMovimiento, "Grabada plantilla " + QString::number(plantilla_), -1) == 0)
         close();
     else
         CMovimiento.Edit();

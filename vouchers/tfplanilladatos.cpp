@@ -1,5 +1,6 @@
 #include "vouchers/tfplanilladatos.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "libro/catalogos.h"
 #include "libro/numeracion.h"
 #include "libro/revision.h"
@@ -364,7 +365,10 @@ void Tfplanilladatos::SBGrabarClick() {
                 aviso.diga("Preparando los comprobantes...", int(i), int(todos.size()));
         }
         aviso.diga(QString("Grabando %1 comprobantes...").arg(todos.size()));
-        fallas = CMovimiento.ApplyUpdates(0);
+        fallas = grabe_y_anuncie(
+            CMovimiento, todos.size() == 1
+                             ? QStringLiteral("Grabado un comprobante")
+                             : QStringLiteral("Grabados %1 comprobantes").arg(todos.size()));
     }
     if (fallas == 0) {
         emit fdmcnt().balance_por_recalcular();

@@ -1,5 +1,6 @@
 #include "vouchers/tfplantilla.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
@@ -61,7 +62,8 @@ void Tfplantilla::SBGrabarClick() {
     CPlantilla.FieldByName("PLAN_ID") = s.ParamByName("ID");
     CPlantilla.Post();
     // No se prueba que cuadre: eso lo exige el comprobante que la use.
-    if (CPlantilla.ApplyUpdates(0) != 0) {
+    if (grabe_y_anuncie(CPlantilla,
+                        "Grabada plantilla " + CPlantilla.FieldByName("PLAN_ID").texto()) != 0) {
         CPlantilla.Edit();
         return;
     }

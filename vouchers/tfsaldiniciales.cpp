@@ -1,5 +1,6 @@
 #include "vouchers/tfsaldiniciales.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/borrador_filas.h"
 #include "sesion/instalacion.h"
 #include "sesion/variables_informe.h"
@@ -241,7 +242,7 @@ void Tfsaldiniciales::SBGrabarClick() {
     corrimiento_ = separe_numeros();
     lineas->contador.empiece(lineas->contador.ultimo() + corrimiento_);
     // Lo que se puede grabar se graba; lo demás queda en la pantalla.
-    if (CSaldos.ApplyUpdates(-1) == 0)
+    if (grabe_y_anuncie(CSaldos, "Grabado: " + windowTitle(), -1) == 0)
         close();
 }
 

@@ -101,6 +101,8 @@ private slots:
         s.i.espere("No se encontró la cuenta contable indicada.");
         s.escriba("Activo", "99");
         QCOMPARE(s.caja("Activo"), QString());
+        agote_eventos();
+        QCOMPARE(con_foco()->objectName(), "Activo"); // lo que siga a ciegas no es de otra cuenta
         QTest::mouseDClick(&componente<QWidget>(s.p, "DepD"), Qt::LeftButton);
         plan.conteste("519530");
         agote_eventos();

@@ -285,7 +285,10 @@ private slots:
         Solicitante<PideNuevoTercero> yo;
         Pantalla* p = yo.pida("Tfnvotercero", {"901777888"});
         QCOMPARE(campo(p, "TERC_NIT").texto(), "901777888");
-        QCOMPARE(con_foco()->objectName(), "LTipoid"); // el NIT no se vuelve a digitar
+        // Se empieza por lo que falta: lo digitado a ciegas no cambia el tipo, que queda atrás.
+        QCOMPARE(con_foco()->objectName(), "ENombre");
+        oprima(Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(con_foco()->objectName(), "LTipoid");
         escriba(p, "ENombre", "Pedido S.A.S.");
         oprima(Qt::Key_F2);
         QCOMPARE(s.escritorio.activa(), yo.pantalla());

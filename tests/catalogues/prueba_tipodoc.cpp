@@ -146,6 +146,11 @@ private slots:
         QVERIFY(!boton.isEnabled()); // CG no tiene formato
         oprima(Qt::Key_F8);
         QVERIFY(formato_.isEmpty());
+        for (const char* marca : {"S", "N"}) { // desde que se marca, sin cambiar de fila
+            tipos(p).Edit();
+            tipos(p).FieldByName("TICO_FORMATO") = marca;
+            QCOMPARE(boton.isEnabled(), *marca == 'S');
+        }
         QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
         prefijos(p).Last();
         QVERIFY(boton.isEnabled());

@@ -668,7 +668,11 @@ void PruebaImportacion::una_importacion_cortada_sigue_donde_iba() {
             for (const char* tabla : {"comprobante_detalle", "comprobante_encabezado"})
                 base().ejecute(QStringLiteral("delete from ") + tabla);
             DiarioImportacion primero(ruta, "base", Libro::Decreto2649, p.archivo);
-            QVERIFY(corra(p, &primero, corte).resultado.cancelada);
+            const auto cuadra = [](const ResultadoImportacion& r) {
+                return r.leidos == r.grabados + r.rechazados.size() + r.omitidos + r.de_antes;
+            };
+            const ResultadoImportacion cortada = corra(p, &primero, corte).resultado;
+            QVERIFY(cortada.cancelada && cuadra(cortada));
             QFile f(primero.ruta());
             QVERIFY(f.open(QIODevice::ReadWrite));
             const QByteArray anotado = f.readAll();
@@ -692,6 +696,7 @@ void PruebaImportacion::una_importacion_cortada_sigue_donde_iba() {
             const Corrida c = corra(p, &segundo);
             QCOMPARE(filas(sql), completo);
             QCOMPARE(rechazos(c.resultado), rechazados);
+            QVERIFY(cuadra(c.resultado));
             QVERIFY(c.resultado.agregados == 0 && !f.exists());
         }
 }

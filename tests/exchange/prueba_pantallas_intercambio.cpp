@@ -118,9 +118,11 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
     QCOMPARE(s_->dato("select imin_columna from importacion_inventario where imin_tipo = 6 and "
                       "imin_dato = 'ENCO_REFER'"),
              "6");
-    // La que se cortó se puede seguir. La bitácora que no se deja escribir se dice.
+    // La que se cortó se puede seguir, aunque las filas salgan ahora en otro orden. La bitácora que
+    // no se deja escribir se dice.
     DiarioImportacion diario(s_->base.ruta(), s_->dm.Quorvex.parametros().base, Libro::Decreto2649,
                              ruta, tres->forma());
+    tres->CImportacion.IndexFieldNames("COLUMNA", true);
     diario.empiece();
     diario.por_grabar(1, 0, {"CG", "0001", "000001"});
     diario.grabado(2);

@@ -147,6 +147,7 @@ private slots:
     void ninguna_funcion_pasa_de_setenta_renglones();
     void el_contador_de_renglones_distingue_setenta_de_setenta_y_uno();
     void la_hora_sale_de_un_solo_reloj_y_las_pruebas_no_la_esperan();
+    void toda_pantalla_que_graba_lo_dice();
     void no_quedan_restos();
     void los_renglones_caben_en_cien_columnas();
     void el_producto_habla_solo_de_si_mismo();
@@ -412,6 +413,23 @@ void PruebaOrden::ningun_texto_digitado_llega_crudo_a_una_sentencia() {
                    !a.ruta.startsWith("toolkit/exportacion/") && !a.ruta.startsWith("datos/");
         },
         [](const Archivo&, const QString& r) { return comilla_sin_pareja(r); }));
+}
+
+void PruebaOrden::toda_pantalla_que_graba_lo_dice() {
+    // Los que lo dicen con sus palabras, o van dentro de otra grabación que lo dice.
+    static const QStringList propios{"catalogues/grabe_y_anuncie.cpp",
+                                     "app/tfmensaje.cpp",
+                                     "libro/grabacion.cpp",
+                                     "tax/forma_medio.cpp",
+                                     "vouchers/tfcontabiliza.cpp",
+                                     "catalogues/forma_proceso.cpp",
+                                     "catalogues/tfnormacuenta.cpp"};
+    SIN_FALTAS(faltas(
+        [](const Archivo& a) {
+            return producto(a) && !a.ruta.startsWith("datos/") && a.piso() != "bench" &&
+                   !propios.contains(a.ruta);
+        },
+        [](const Archivo&, const QString& r) { return r.contains("ApplyUpdates("); }));
 }
 
 void PruebaOrden::no_quedan_restos() {

@@ -132,14 +132,20 @@ void PruebaSincontab::la_lista_sigue_al_periodo_y_a_las_casillas() {
     oprima(Qt::Key_F5);
     QCOMPARE(numeros(p), QStringList("000006"));
     // En el período de cierre no se consulta nada: queda lo que había.
+    AvisosBarra barra;
+    s_->dm.barra(&barra);
     s_->cnt.periodo_actual = 12;
     en("000007", "2018-04-30");
     oprima(Qt::Key_F5);
     QCOMPARE(numeros(p), QStringList("000006"));
+    QVERIFY(barra.text().startsWith("Advertencia: El período de trabajo pasó al de ajustes"));
     pulse(p, "ckfiltro");
     QVERIFY(p->DBGridEh1->filtro_visible());
     oprima_en(p->DBGridEh1, Qt::Key_Escape);
     QVERIFY(!escritorio()->abierta("Tfsincontab"));
+    agote_eventos();
+    QCOMPARE(barra.text(), ""); // el aviso se va con su pantalla
+    s_->dm.barra(nullptr);
     p = abra();
     QCOMPARE(p->periodo->EMes->currentIndex(), 0); // el cierre no está en la lista, y lo dice
     QVERIFY(p->DBGridEh1->property("sin_consultar").toString().contains("período de ajustes"));

@@ -1,5 +1,6 @@
 #include "apoyo/servidor_prueba.h"
 #include "apoyo_gui/sesion_gui.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/proteccion.h"
 
 namespace {
@@ -143,11 +144,19 @@ private slots:
             p.c.FieldByName("TICO_NOM") = "Repetido";
             p.c.Post();
             Interlocutor i;
-            i.espere("Ya existe el registro en la tabla Tipocomp");
+            QString mensaje, crudo;
+            i.espere_modal("dialogo", [&](QWidget* w) {
+                mensaje = static_cast<QMessageBox*>(w)->text();
+                crudo = barra.text();
+                QTest::keyClick(w, Qt::Key_Escape);
+            });
             QCOMPARE(p.c.ApplyUpdates(0), 1);
+            QCOMPARE(mensaje, "Ya existe el registro en la tabla Tipocomp");
             QCOMPARE(p.c.ChangeCount(), 1); // la fila sigue en la pantalla
-            QVERIFY(barra.text().startsWith("Error de la base: violation of PRIMARY") &&
-                    barra.text().contains("Ya existe un registro"));
+            QVERIFY(crudo.startsWith("Error de la base: violation of PRIMARY"));
+            // Contestado el mensaje, queda lo que entiende quien la mira, también en la historia.
+            QCOMPARE(barra.text(), "Ya existe un registro con el mismo Tipo de comprobante ZZ.");
+            QCOMPARE(HistoriaAvisos::de(&barra)->avisos().size(), 1);
             QCOMPARE(barra.color(), AvisosBarra::Celeste); // solo cambia el texto
             p.c.CancelUpdates();
         }

@@ -164,7 +164,7 @@ void PruebaCertificados::lo_impreso_es_lo_retenido_del_libro() {
     for (const auto& [hoja, datos] :
          {std::pair{andina, QStringList{"Distribuidora Andina Ltda.", "800456789", "No. 0042",
                                         "150,000.00", "3,750.00", "2.50"}},
-          {tornillo, QStringList{"Ferretería El Tornillo S.A.S.", "900123456", "No. 0043",
+          {tornillo, QStringList{"Ferretería El Tornillo S.A.S.", "900123456-8", "No. 0043",
                                  "31,080.00", "777.00"}}}) {
         for (const QString& d : datos)
             QVERIFY2(hoja.contains(d), qPrintable(d + "\n" + hoja));

@@ -95,6 +95,12 @@ private slots:
         QCOMPARE(pregunte_botones(t, rotulos), Ninguna);
         i.espere_modal("dialogo", [](QWidget* d) { d->close(); });
         QCOMPARE(pregunte_botones(t, rotulos), Ninguna);
+        i.espere_modal("dialogo", [](QWidget* d) { // cada botón con su letra
+            for (QAbstractButton* b : static_cast<QMessageBox*>(d)->buttons())
+                if (b->shortcut() == QKeySequence(Qt::ALT | Qt::Key_T))
+                    b->click();
+        });
+        QCOMPARE(pregunte_botones(t, {"Seguir desde allí", "Todo de nuevo"}), Segunda);
         for (const Respuesta escogida : {Primera, Segunda}) { // la de un Enter distraído
             i.espere_modal("dialogo", [](QWidget* d) { QTest::keyClick(d, Qt::Key_Return); });
             QCOMPARE(pregunte_botones(t, rotulos, escogida), escogida);

@@ -97,6 +97,10 @@ private slots:
         QTest::keyClicks(&r, "900");
         QCOMPARE(actual(), "Zapato");
         QVERIFY(!r.digitando() && p.fallas.isEmpty());
+        // Escogida la fila, ya no se busca.
+        r.OnReturn = [] {};
+        QTest::keyClick(&r, Qt::Key_Return);
+        QVERIFY(!r.findChild<QLabel*>("letrero_tecleo")->isVisible());
         // Quien atiende lo tecleado lo recibe entero.
         QStringList recibidos;
         r.OnTeclear = [&](const QString& texto) { recibidos << texto; };

@@ -207,6 +207,7 @@ private slots:
         llene(p, "TNum", "9");
         oprima(Qt::Key_Return);
         QCOMPARE(columna(p, "ENCO_CONSEC"), QString());
+        QVERIFY(componente<Rejilla>(p, "DBGridEh1").texto_vacio.contains("000009"));
         llene(p, "TNum", "");
         llene(p, "TConc", "Abono");
         busque(p);

@@ -64,9 +64,11 @@ private slots:
             QVERIFY(p->CDetalle.editando());
             p->CDetalle.Cancel();
         }
-        // una línea sin cuenta desaparece callada al grabar
+        // una línea sin cuenta desaparece callada al grabar; unos espacios no son una por crear
         d.entre_a_la_rejilla();
         oprima(Qt::Key_Insert);
+        d.linea({"  "});
+        QCOMPARE(d.celda("CUEN_COD"), QString());
         d.rejilla().SelectedIndex(4);
         d.linea({"solo concepto"});
         oprima(Qt::Key_F2);
@@ -400,7 +402,28 @@ private slots:
         p->DateTimePicker1->setFocus();
         oprima(Qt::Key_Up); // la fecha entra por el año
         QCOMPARE(d.celda("DOCO_VENCE"), "20180515");
-        componente<QPushButton>(p, "SpeedButton2").click();
+        // Ni un tipo sin número ni un año absurdo lo dejan: se dice y se vuelve a esa caja.
+        auto& continuar = componente<QPushButton>(p, "SpeedButton2");
+        p->CDetalle.FieldByName("CODE_TIPOAPL") = 1;
+        dice([&] { continuar.click(); },
+             "\"Aplica a\" tiene un tipo y le falta el número del documento. Digítelo o borre el "
+             "tipo con Supr.");
+        QVERIFY(p->GroupBox1->isVisible());
+        QCOMPARE(con_foco()->objectName(), "EAplica");
+        p->CDetalle.FieldByName("CODE_TIPOAPL").limpie();
+        p->CDetalle.FieldByName("DOCO_VENCE") = "77880115";
+        const QString absurdo = "El documento no puede vencer en el año 7788: va de 1990 a 2099.";
+        dice(
+            [&] {
+                d.rejilla().setFocus();
+                agote_eventos();
+            },
+            absurdo);
+        dice(Qt::Key_F2, absurdo);
+        QVERIFY(p->GroupBox1->isVisible());
+        QCOMPARE(con_foco()->objectName(), "DateTimePicker1");
+        p->CDetalle.FieldByName("DOCO_VENCE") = "20180515";
+        continuar.click();
         QVERIFY(!p->GroupBox1->isVisible());
         QVERIFY(d.rejilla().enfocada());
         p->CDetalle.Cancel();

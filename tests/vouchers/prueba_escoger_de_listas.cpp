@@ -91,6 +91,8 @@ private slots:
         }
         digite_en(a->DBEdit2, "90A1", Qt::Key_Tab);
         QCOMPARE(a->CMovimiento.FieldByName("TERC_NIT").texto(), QString());
+        agote_eventos();
+        QCOMPARE(con_foco()->objectName(), "DBEdit2"); // se vuelve a digitar ahí, no en el nombre
         a->lineas_2649->reciba("TERC_NIT", "90A1");
         QCOMPARE(celda(a, "TERC_NIT"), QString());
         QVERIFY2(i.conforme(), qPrintable(i.queja()));

@@ -74,6 +74,7 @@ void ControlDato::guarde() {
         // Lo escrito sigue a la vista, para corregirlo sin digitarlo otra vez.
         if (!senale_lo_rehusado(*widget()))
             restaure();
+        recuerde_la_razon(*widget());
         throw;
     }
     modificado_ = false;
@@ -81,13 +82,16 @@ void ControlDato::guarde() {
         c->asigne(leido);
     } catch (...) {
         refresque();
+        recuerde_la_razon(*widget());
         throw;
     }
+    olvide_la_razon(*widget());
     refresque();
 }
 
 void ControlDato::restaure() {
     modificado_ = false;
+    olvide_la_razon(*widget());
     refresque();
 }
 

@@ -1,6 +1,8 @@
 #include "toolkit/controles/rehusado.h"
 
+#include "toolkit/aviso_salida.h"
 #include "toolkit/controles/controldato.h"
+#include "toolkit/proteccion.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -9,7 +11,7 @@
 
 namespace {
 
-constexpr const char* kRehusado = "rehusado";
+constexpr const char *kRehusado = "rehusado", *kRazon = "rehusado_razon";
 
 QString escrito(const QWidget& control) {
     if (const auto* caja = qobject_cast<const QLineEdit*>(&control))
@@ -43,6 +45,18 @@ bool senale_lo_rehusado(QWidget& control) {
     return true;
 }
 
+void recuerde_la_razon(QWidget& control) {
+    control.setProperty(kRazon, texto_de_excepcion());
+}
+
+void olvide_la_razon(QWidget& control) {
+    const QVariant razon = control.property(kRazon);
+    if (!razon.isValid())
+        return;
+    control.setProperty(kRazon, {});
+    aviso_resuelto(razon.toString());
+}
+
 bool reponga_lo_rehusado(QWidget* foco, bool solo_pregunta) {
     ControlDato* control = control_dato(foco);
     if (!control || !control->modificado())
@@ -53,6 +67,13 @@ bool reponga_lo_rehusado(QWidget* foco, bool solo_pregunta) {
         return false;
     if (!solo_pregunta) {
         caja.setProperty(kRehusado, {});
+        if (auto* memo = qobject_cast<QPlainTextEdit*>(&caja)) {
+            // Lo demás que lleva escrito vale: Esc no se lo lleva.
+            QTextCursor cursor = memo->textCursor();
+            cursor.clearSelection();
+            memo->setTextCursor(cursor);
+            return true;
+        }
         control->restaure();
         escoja(caja, 0, int(escrito(caja).size()));
     }

@@ -5,6 +5,7 @@
 #include "toolkit/estilo.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/impresora.h"
+#include "toolkit/letras_alt.h"
 #include "toolkit/pida_archivo.h"
 #include "toolkit/proteccion.h"
 
@@ -93,6 +94,7 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     botones->addWidget(ok);
     botones->addWidget(cancelar);
     cuerpo->addLayout(botones);
+    ponga_letras(*this);
 
     for (QRadioButton* r : {a_impresora_, a_vista_, a_archivo_, todo_, paginas_, seleccion_})
         connect(r, &QRadioButton::toggled, this, [this] { ajuste(); });

@@ -4,6 +4,7 @@
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/impresora.h"
+#include "toolkit/letras_alt.h"
 #include "toolkit/proteccion.h"
 
 #include <QComboBox>
@@ -207,6 +208,7 @@ VistaPreliminar::VistaPreliminar(const Hojas& hojas, const QString& archivo,
     cuerpo->addWidget(estado_);
     connect(vista_, &VistaHojas::cambio_pagina, this, [this](int p) { muestre_pagina(p); });
     muestre_pagina(0);
+    ponga_letras(*this);
     vista_->setFocus();
 }
 

@@ -2,6 +2,7 @@
 
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
+#include "toolkit/letras_alt.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -354,6 +355,7 @@ void ZonasCubo::escoja_valores(const QString& campo) {
     columna->addWidget(valores);
     columna->addWidget(todos);
     columna->addWidget(botones);
+    ponga_letras(dialogo);
     if (dialogo.exec() != QDialog::Accepted)
         return;
     QSet<QString> marcados;

@@ -3,6 +3,7 @@
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
+#include "toolkit/letras_alt.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -84,6 +85,7 @@ RespuestaPegado muestre_anuncio(QWidget* padre, const AnuncioPegado& a) {
     QObject::connect(botones, &QDialogButtonBox::accepted, &dialogo, &QDialog::accept);
     QObject::connect(botones, &QDialogButtonBox::rejected, &dialogo, &QDialog::reject);
     todo->addWidget(botones);
+    ponga_letras(dialogo);
     dialogo.resize(escalado(640), escalado(a.rehusadas.isEmpty() ? 380 : 560));
     // Con algo que no entra, Enter no lo pasa por alto.
     QPushButton* propuesto = a.rehusadas.isEmpty() ? pegar : cancelar;

@@ -3,6 +3,7 @@
 #include "toolkit/rejilla/rejilla.h"
 
 #include "datos/firebird/letras.h"
+#include "toolkit/controles/rehusado.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
@@ -316,6 +317,7 @@ void Rejilla::cierre_editor() {
         setFocus(Qt::OtherFocusReason);
     editor_->hide();
     editor_->modificado(false);
+    olvide_la_razon(*editor_);
     viewport()->update();
 }
 
@@ -356,11 +358,18 @@ void Rejilla::escriba_pendiente() {
     // Una operación que no se puede calcular sale de aquí: la celda sigue abierta.
     if (modelo_->numerica(columna))
         editor_->selectAll();
-    const QString valor = editor_->contenido();
+    QString valor;
+    try {
+        valor = editor_->contenido();
+    } catch (...) {
+        recuerde_la_razon(*editor_);
+        throw;
+    }
     cierre_editor();
     try {
         asigne(columna, valor);
     } catch (...) {
+        recuerde_la_razon(*editor_);
         if (conjunto()->editando() && currentIndex().isValid() && SelectedIndex() == columna) {
             abierto_ = true;
             editor_->show();
@@ -429,10 +438,10 @@ void Rejilla::foco_cambiado(QWidget* ahora) {
         return;
     }
     viewport()->update();
+    olvide_tecleo(); // también a otra ventana: al volver se busca otra cosa
     if (!en_rejilla_ || contenedor(ahora) != contenedor(this))
         return;
     en_rejilla_ = false;
-    olvide_tecleo();
     if (!moviendo_)
         deje_celda();
     if (OnExit)

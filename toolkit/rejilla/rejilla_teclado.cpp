@@ -193,6 +193,7 @@ bool Rejilla::oprima_enter(Qt::KeyboardModifiers m) {
             abra_editor({}, false);
         return true;
     }
+    olvide_tecleo(); // escogida la fila, ya no se busca
     if (m == Qt::NoModifier && OnReturn && !digitando()) {
         proteja(OnReturn);
         return true;
