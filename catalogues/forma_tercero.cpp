@@ -6,6 +6,7 @@
 #include "sesion/tfdmcnt.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/controles/editordato.h"
+#include "toolkit/controles/listadato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/sin_grabar.h"
@@ -128,7 +129,10 @@ void FormaTercero::CTercerosTERC_TIPOIDChange() {
     habilite_nombres();
     if (natural()) {
         if (activada_)
-            EApellido1->setFocus();
+            LTipoid->al_acabar_de_teclear([this] {
+                if (natural())
+                    EApellido1->setFocus();
+            });
         return;
     }
     for (const char* parte : {"TERC_NOMBRE1", "TERC_NOMBRE2", "TERC_APELLIDO1", "TERC_APELLIDO2"})

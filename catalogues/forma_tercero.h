@@ -48,6 +48,7 @@ protected:
     ConjuntoDatos *CTerceros, *CCiudades, *CPaises, *Ctipo_id, *CBorrar;
 
     EditorDato *ENit, *DBEdit8, *EApellido1, *EApellido2, *ENombre1, *ENombre2, *ENombre;
+    ListaDato* LTipoid;
     MemoDato* EObs;
     BarraBotones* barra_;
     QPushButton* SBGrabar;

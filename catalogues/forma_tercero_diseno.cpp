@@ -89,7 +89,7 @@ void FormaTercero::arme_identificacion(Formulario& f) {
     DBEdit8 = editor("TERC_DV", "DBEdit8", 3);
     EditorDato* dvdian = editor("TERC_DVDIAN", "EDvdian", 3);
     dvdian->setToolTip("Dígito de verificación según la DIAN");
-    auto* tipo = lista("TERC_TIPOID", "LTipoid", Ctipo_id, "TIID_COD", "TIID_NOM");
+    LTipoid = lista("TERC_TIPOID", "LTipoid", Ctipo_id, "TIID_COD", "TIID_NOM");
     EApellido1 = editor("TERC_APELLIDO1", "EApellido1", 20);
     EApellido2 = editor("TERC_APELLIDO2", "EApellido2", 20);
     ENombre1 = editor("TERC_NOMBRE1", "ENombre1", 20);
@@ -100,7 +100,7 @@ void FormaTercero::arme_identificacion(Formulario& f) {
     f.grupo("Identificación")
         .fila({{"N&IT",
                 Formulario::junto({ENit, new QLabel("DV:"), DBEdit8, new QLabel("DIAN:"), dvdian})},
-               {"&Tipo", tipo}})
+               {"&Tipo", LTipoid}})
         .fila({{"Primer apellido", EApellido1}, {"Segundo apellido", EApellido2}})
         .fila({{"Primer nombre", ENombre1}, {"Segundo nombre", ENombre2}})
         .fila({{"&Nombre", ENombre}, {"", casilla("Activo", "TERC_ESTADO")}});

@@ -145,7 +145,9 @@ private slots:
         escoja_tipo(p, "C");
         QCOMPARE(campo(p, "TERC_TIPOID").texto(), "C");
         QVERIFY(apellido.isEnabled());
-        QCOMPARE(con_foco(), &apellido); // de ahí sigue lo que falta
+        digite("N"); // ningún tipo empieza por "CN": es del apellido, que sigue
+        QCOMPARE(con_foco(), &apellido);
+        QCOMPARE(apellido.text(), "N");
         escriba(p, "EApellido1", "Nuñez");
         escriba(p, "ENombre1", "Ana");
         escriba(p, "ENombre2", "Sofía");
@@ -289,6 +291,12 @@ private slots:
         QCOMPARE(con_foco()->objectName(), "ENombre");
         oprima(Qt::Key_Backtab, Qt::ShiftModifier);
         QCOMPARE(con_foco()->objectName(), "LTipoid");
+        // Seguidas, las letras son todas del tipo; el foco pasa al apellido cuando se acaban.
+        digite("ced");
+        QCOMPARE(con_foco()->objectName(), "LTipoid");
+        QTRY_COMPARE(con_foco()->objectName(), "EApellido1");
+        QVERIFY(campo(p, "TERC_APELLIDO1").vacio());
+        escoja_tipo(p, "N");
         escriba(p, "ENombre", "Pedido S.A.S.");
         oprima(Qt::Key_F2);
         QCOMPARE(s.escritorio.activa(), yo.pantalla());

@@ -1,11 +1,30 @@
 #include "toolkit/controles/lista_tecleo.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QWheelEvent>
+#include <utility>
+
+namespace {
+constexpr int kEntreLetrasMs = 700;
+}
 
 ListaTecleo::ListaTecleo(QWidget* padre) : QComboBox(padre) {
     view()->installEventFilter(this);
+    espera_.setSingleShot(true);
+    espera_.setInterval(kEntreLetrasMs);
+    connect(&espera_, &QTimer::timeout, this, [this] {
+        if (const auto haga = std::exchange(despues_, {}))
+            haga();
+    });
+}
+
+void ListaTecleo::al_acabar_de_teclear(std::function<void()> haga) {
+    if (espera_.isActive())
+        despues_ = std::move(haga);
+    else
+        haga();
 }
 
 void ListaTecleo::showPopup() {
@@ -18,8 +37,10 @@ void ListaTecleo::keyPressEvent(QKeyEvent* evento) {
     asegure_lista();
     const int antes = currentIndex();
     if (isEnabled() && !isEditable() && tecleo_.reciba(*evento)) {
+        espera_.start();
         if (const int hallado = con_prefijo(antes); hallado < 0) {
             tecleo_.devuelva();
+            siga_en_la_otra(*evento);
         } else if (hallado != antes) {
             setCurrentIndex(hallado);
             emit activated(hallado);
@@ -29,6 +50,14 @@ void ListaTecleo::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() != Qt::Key_Shift && evento->key() != Qt::Key_AltGr)
         tecleo_.olvide();
     QComboBox::keyPressEvent(evento);
+}
+
+void ListaTecleo::siga_en_la_otra(QKeyEvent& evento) {
+    if (!despues_)
+        return;
+    std::exchange(despues_, {})();
+    if (QWidget* otra = QApplication::focusWidget(); otra && otra != this)
+        QApplication::sendEvent(otra, &evento);
 }
 
 int ListaTecleo::con_prefijo(int desde) const {
@@ -72,4 +101,6 @@ void ListaTecleo::wheelEvent(QWheelEvent* evento) {
 void ListaTecleo::focusOutEvent(QFocusEvent* evento) {
     QComboBox::focusOutEvent(evento);
     tecleo_.olvide();
+    espera_.stop();
+    despues_ = {};
 }

@@ -4,11 +4,17 @@
 #include "toolkit/tecleo.h"
 
 #include <QComboBox>
+#include <QTimer>
+#include <functional>
 
 class ListaTecleo : public QComboBox {
     Q_OBJECT
 public:
     explicit ListaTecleo(QWidget* padre = nullptr);
+    /// Lo que trae lo escogido y se lleva el foco: espera a que se acabe de teclear el comienzo,
+    /// que si no seguiría en otra caja; si el foco se va antes, ya no se hace. Una letra que no es
+    /// del comienzo de ninguna fila lo acaba, y es de la caja a la que pase el foco.
+    void al_acabar_de_teclear(std::function<void()> haga);
 
 protected:
     /// Antes de mirar sus filas: quien las lee cuando hacen falta las lee aquí.
@@ -21,5 +27,8 @@ protected:
 
 private:
     int con_prefijo(int desde) const;
+    void siga_en_la_otra(QKeyEvent& evento);
     Tecleo tecleo_;
+    QTimer espera_; ///< corre mientras se teclea
+    std::function<void()> despues_;
 };
