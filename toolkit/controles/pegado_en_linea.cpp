@@ -18,7 +18,11 @@ public:
 
 protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override {
-        auto& caja = *static_cast<QLineEdit*>(objeto);
+        // Al destruirse todavía llegan eventos, y ya no es una caja.
+        auto* quien = qobject_cast<QLineEdit*>(objeto);
+        if (!quien)
+            return false;
+        QLineEdit& caja = *quien;
         if (caja.isReadOnly() || caja.echoMode() != QLineEdit::Normal)
             return false; // los blancos de una clave son suyos
         switch (evento->type()) {
