@@ -221,14 +221,6 @@ private slots:
         const QString parada = "El activo PARADA queda sin unidades u horas producidas, y este mes "
                                "no se deprecia. Desea continuar?";
         enfoque(s.p, "DBGridEh1", 4);
-        digite("201", Qt::Key_Return);
-        s.i.espere(parada, "Sí");
-        s.i.espere("El activo MAQ produjo 201 unidades u horas y solo le restan 200: queda "
-                   "depreciado del todo. Desea continuar?",
-                   "No");
-        pulse(s.p, "SpeedButton3");
-        QCOMPARE(s.dato("select count(*) from depreciacion"), "0");
-        enfoque(s.p, "DBGridEh1", 4);
         digite("25", Qt::Key_Return);
         forma->CDepunidad.First();
         QCOMPARE(valores_de(forma->CDepunidad, "Unirest"), QStringList({"200", "200"}));
@@ -273,6 +265,22 @@ private slots:
         QCOMPARE(balance.count(), 2);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         QCOMPARE(s.dato("select count(*) from depreciacion_unidades"), "0");
+    }
+
+    void las_unidades_que_pasan_de_las_que_restan_se_preguntan() {
+        Almacenista s;
+        s.activo("MAQ", "1000", 100, "S");
+        s.abra("Tfcalculadep");
+        s.tipo();
+        s.escriba("EDia=31; EConcepto=Enero");
+        oprima(Qt::Key_F2);
+        enfoque(s.p, "DBGridEh1", 4);
+        digite("201", Qt::Key_Return);
+        s.i.espere("El activo MAQ produjo 201 unidades u horas y solo le restan 200: queda "
+                   "depreciado del todo. Desea continuar?",
+                   "No");
+        pulse(s.p, "SpeedButton3");
+        QCOMPARE(s.dato("select count(*) from depreciacion"), "0");
     }
 
     void con_el_papel_del_programa_se_deprecia_una_vez_y_se_da_de_baja() {
