@@ -131,7 +131,7 @@ void Tfcalculadep::SpeedButton3Click() {
     ponga_fecha();
     if (campo("DEPR_FECHA").texto() != fecha_pedida_ && pida_unidades())
         return;
-    if (!acepte_las_que_no_produjeron())
+    if (!acepte_las_que_no_produjeron() || !acepte_las_que_pasan())
         return;
     // Si la base rehúsa, lo que haya que corregir puede estar en el encabezado.
     const auto vuelva = qScopeGuard([this] {
@@ -164,4 +164,25 @@ bool Tfcalculadep::acepte_las_que_no_produjeron() {
         return false;
     }
     return true; // se graban en cero: si la base rehúsa, siguen ahí para digitarlas
+}
+
+bool Tfcalculadep::acepte_las_que_pasan() {
+    const Campo& unidades = CDepunidad.FieldByName("DEPU_UNIDADES");
+    const Campo& restan = CDepunidad.FieldByName("Unirest");
+    for (int i = 0; i < CDepunidad.RecordCount(); ++i) {
+        const auto producidas = CDepunidad.valor_en(i, unidades).entero();
+        const auto quedan = CDepunidad.valor_en(i, restan).entero();
+        if (producidas <= quedan ||
+            pregunte_con_no(
+                QStringLiteral("El activo %1 produjo %2 unidades u horas y solo le restan %3: "
+                               "queda depreciado del todo. Desea continuar?")
+                    .arg(CDepunidad.valor_en(i, CDepunidad.FieldByName("ACFJ_COD")).texto())
+                    .arg(producidas)
+                    .arg(quedan)))
+            continue;
+        CDepunidad.vaya_a(i);
+        DBGridEh1->setFocus();
+        return false;
+    }
+    return true;
 }

@@ -28,6 +28,7 @@ private:
     void CDepunidadBeforePost();
     void SpeedButton3Click();
     bool acepte_las_que_no_produjeron();
+    bool acepte_las_que_pasan();
 
     QWidget* Panel2 = nullptr;
     QPushButton* SpeedButton3 = nullptr;

@@ -218,6 +218,8 @@ private slots:
                    "No");
         pulse(s.p, "SpeedButton3");
         QCOMPARE(s.dato("select count(*) from depreciacion"), "0");
+        const QString parada = "El activo PARADA queda sin unidades u horas producidas, y este mes "
+                               "no se deprecia. Desea continuar?";
         enfoque(s.p, "DBGridEh1", 4);
         digite("25", Qt::Key_Return);
         forma->CDepunidad.First();
@@ -226,8 +228,6 @@ private slots:
         s.i.espere("Debe indicar el número de unidades/horas producidas.");
         digite("0", Qt::Key_Down);
         forma->CDepunidad.Cancel();
-        const QString parada = "El activo PARADA queda sin unidades u horas producidas, y este mes "
-                               "no se deprecia. Desea continuar?";
         // Si la base rehúsa, la que no se digitó sigue ahí.
         s.base.ejecute({"update activos_fijos set acfj_ctadepd = null where acfj_cod = 'EQ1'"});
         s.i.espere(parada, "Sí");
@@ -265,6 +265,22 @@ private slots:
         QCOMPARE(balance.count(), 2);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         QCOMPARE(s.dato("select count(*) from depreciacion_unidades"), "0");
+    }
+
+    void las_unidades_que_pasan_de_las_que_restan_se_preguntan() {
+        Almacenista s;
+        s.activo("MAQ", "1000", 100, "S");
+        s.abra("Tfcalculadep");
+        s.tipo();
+        s.escriba("EDia=31; EConcepto=Enero");
+        oprima(Qt::Key_F2);
+        enfoque(s.p, "DBGridEh1", 4);
+        digite("201", Qt::Key_Return);
+        s.i.espere("El activo MAQ produjo 201 unidades u horas y solo le restan 200: queda "
+                   "depreciado del todo. Desea continuar?",
+                   "No");
+        pulse(s.p, "SpeedButton3");
+        QCOMPARE(s.dato("select count(*) from depreciacion"), "0");
     }
 
     void con_el_papel_del_programa_se_deprecia_una_vez_y_se_da_de_baja() {

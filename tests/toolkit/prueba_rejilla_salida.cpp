@@ -163,8 +163,8 @@ private slots:
         QCOMPARE(p.detalle->RecordCount(), 3);
         QCOMPARE(p.detalle->RecNo(), 0);
         p.rejilla->SelectedIndex(p.Cuenta);
-        p.tecla(Qt::Key_End, Qt::ShiftModifier);
         p.tecla(Qt::Key_Down, Qt::ShiftModifier);
+        p.tecla(Qt::Key_End, Qt::ShiftModifier);
         i.espere("Desea borrar las 2 filas seleccionadas?", "No");
         p.tecla(Qt::Key_Delete);
         QCOMPARE(p.detalle->RecordCount(), 3);

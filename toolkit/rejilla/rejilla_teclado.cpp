@@ -259,6 +259,7 @@ bool Rejilla::desista() {
 bool Rejilla::tecla_de_celda(QKeyEvent& e) {
     const auto m = modificadores(e);
     const int fila = currentIndex().row();
+    const int fila_extrema = extremo_.isValid() ? extremo_.row() : fila;
     const int columna = SelectedIndex();
     const auto exacto = [&](Qt::KeyboardModifiers cuales, int tecla) {
         return m == cuales && e.key() == tecla;
@@ -299,9 +300,9 @@ bool Rejilla::tecla_de_celda(QKeyEvent& e) {
     else if (exacto(Qt::ShiftModifier, Qt::Key_PageDown))
         extienda(filas_por_pagina(), 0);
     else if (exacto(Qt::ShiftModifier, Qt::Key_Home))
-        seleccione_hasta(modelo_->index(fila, columna_visible(0, 1)));
+        seleccione_hasta(modelo_->index(fila_extrema, columna_visible(0, 1)));
     else if (exacto(Qt::ShiftModifier, Qt::Key_End))
-        seleccione_hasta(modelo_->index(fila, columna_visible(cuenta_columnas() - 1, -1)));
+        seleccione_hasta(modelo_->index(fila_extrema, columna_visible(cuenta_columnas() - 1, -1)));
     else if (exacto(Qt::NoModifier, Qt::Key_Space) && columna >= 0 &&
              this->columna(columna).casilla && celda_editable(currentIndex()))
         alterne_casilla();
