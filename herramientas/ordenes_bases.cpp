@@ -333,8 +333,9 @@ void verificar(const Sesion& s) {
     for (const QString& codigo : s.codigos()) {
         Conexion conexion;
         entre(conexion, s, codigo);
-        const QStringList hallazgos = verifique_compania(conexion);
-        for (const QString& h : hallazgos)
+        QStringList permitidos;
+        const QStringList hallazgos = verifique_compania(conexion, &permitidos);
+        for (const QString& h : hallazgos + permitidos)
             diga(QStringLiteral("Compañía %1: %2").arg(codigo, h));
         if (hallazgos.isEmpty())
             diga(QStringLiteral("Compañía %1: los libros están bien y los saldos coinciden con los "
@@ -343,7 +344,8 @@ void verificar(const Sesion& s) {
         fallas += int(hallazgos.size());
     }
     if (fallas > 0)
-        throw ErrorDatos(QStringLiteral("Se hallaron %1 cosas mal.").arg(fallas));
+        throw ErrorDatos(fallas == 1 ? QStringLiteral("Se halló una cosa mal.")
+                                     : QStringLiteral("Se hallaron %1 cosas mal.").arg(fallas));
 }
 
 void recalcular(const Sesion& s) {

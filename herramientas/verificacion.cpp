@@ -44,7 +44,7 @@ bool sin_plan_niif(Conexion& c, Transaccion& foto) {
     return !plan.siguiente();
 }
 
-void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos) {
+void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos, Hallazgos& permitidos) {
     // Sin el plan NIIF toda equivalente sobra, y lo que falta es una sola cosa.
     const bool sin_plan = sin_plan_niif(c, foto);
     int sin_cuenta = 0;
@@ -67,10 +67,12 @@ void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos) {
             donde << QStringLiteral("comprobante ") + comprobante;
         if (!libro.isEmpty())
             donde << QStringLiteral("libro ") + libro;
-        hallazgos.agregue(
-            causa + libro,
-            QStringLiteral("%1: %2").arg(donde.join(QStringLiteral(", ")), causa) +
-                (detalle.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(detalle)));
+        Hallazgos& destino = causa == QLatin1String("descuadrado, como la compañía lo permite")
+                                 ? permitidos
+                                 : hallazgos;
+        destino.agregue(causa + libro,
+                        QStringLiteral("%1: %2").arg(donde.join(QStringLiteral(", ")), causa) +
+                            (detalle.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(detalle)));
     }
     if (sin_cuenta > 0)
         hallazgos.agregue(
@@ -115,13 +117,15 @@ qint64 diferencias(Conexion& c) {
 
 } // namespace
 
-QStringList verifique_compania(Conexion& compania) {
-    Hallazgos hallazgos;
+QStringList verifique_compania(Conexion& compania, QStringList* permitidos) {
+    Hallazgos hallazgos, descuadrados;
     // Una sola foto: lo que otros graben entretanto no aparece a medias.
     Transaccion foto(compania, Transaccion::Modo::Instantanea);
-    revise_libros(compania, foto, hallazgos);
+    revise_libros(compania, foto, hallazgos, descuadrados);
     for (const auto& [libro, sufijo] : kLibros)
         revise_saldos(compania, foto, libro, hallazgos);
+    if (permitidos)
+        *permitidos = descuadrados.lista();
     return hallazgos.lista();
 }
 

@@ -5,10 +5,11 @@
 #include <QStringList>
 
 /// Lo que está mal en los dos libros, cada cosa con su comprobante, libro y causa: saldos que no
-/// son los de los renglones, comprobantes descuadrados (cuando no se permiten), encabezados y
-/// libros que perdieron sus renglones, renglones sin lo que su cuenta exige... Se lee en una sola
-/// foto, así que no importa que otros graben. Vacía si todo está bien.
-QStringList verifique_compania(Conexion& compania);
+/// son los de los renglones, comprobantes descuadrados, encabezados y libros que perdieron sus
+/// renglones, renglones sin lo que su cuenta exige... Se lee en una sola foto, así que no importa
+/// que otros graben. Vacía si todo está bien. Los descuadrados de una compañía que los permite no
+/// van en ella, sino en `permitidos`.
+QStringList verifique_compania(Conexion& compania, QStringList* permitidos = nullptr);
 
 /// Rehace los saldos de los dos libros a partir de los renglones, también con otros grabando, y
 /// dice cuáles estaban mal. Vacía si ninguno.

@@ -12,23 +12,22 @@ CREATE OR ALTER PROCEDURE VERIFIQUE_COMPROBANTES{_NIIF} (CUADRADOS boolean)
 RETURNS (COMPROBANTE varchar(40), CAUSA varchar(80), DETALLE varchar(200))
 AS
 BEGIN
-  CAUSA = 'descuadrado';
-  IF (CUADRADOS) THEN
-    FOR
-      SELECT E.TICO_COD || ' ' || E.PRCO_PREF || ' ' || E.ENCO_NUMERO,
-        iif(S.ALTO BETWEEN -900000 AND 900000, 'débitos menos créditos: '
-          || cast(S.ALTO * 100000000 + S.BAJO AS numeric(18,2)), 'importes desmedidos')
-      FROM (
-        SELECT ENCO_CONSEC, sum(ALTO) ALTO, sum(BAJO) BAJO FROM VISTA_IMPORTES{_NIIF}
-        GROUP BY ENCO_CONSEC
-        HAVING sum(ALTO) <> 0 OR sum(BAJO) <> 0) S
-      JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = S.ENCO_CONSEC
-      WHERE S.ALTO <> -trunc(S.BAJO / 100000000)
-        OR S.BAJO <> trunc(S.BAJO / 100000000) * 100000000
-      ORDER BY 1
-      INTO :COMPROBANTE, :DETALLE
-    DO
-      SUSPEND;
+  CAUSA = iif(CUADRADOS, 'descuadrado', 'descuadrado, como la compañía lo permite');
+  FOR
+    SELECT E.TICO_COD || ' ' || E.PRCO_PREF || ' ' || E.ENCO_NUMERO,
+      iif(S.ALTO BETWEEN -900000 AND 900000, 'débitos menos créditos: '
+        || cast(S.ALTO * 100000000 + S.BAJO AS numeric(18,2)), 'importes desmedidos')
+    FROM (
+      SELECT ENCO_CONSEC, sum(ALTO) ALTO, sum(BAJO) BAJO FROM VISTA_IMPORTES{_NIIF}
+      GROUP BY ENCO_CONSEC
+      HAVING sum(ALTO) <> 0 OR sum(BAJO) <> 0) S
+    JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = S.ENCO_CONSEC
+    WHERE S.ALTO <> -trunc(S.BAJO / 100000000)
+      OR S.BAJO <> trunc(S.BAJO / 100000000) * 100000000
+    ORDER BY 1
+    INTO :COMPROBANTE, :DETALLE
+  DO
+    SUSPEND;
 
   CAUSA = 'perdió sus líneas de este libro';
   DETALLE = NULL;
