@@ -28,7 +28,7 @@ VentanaAvisos::VentanaAvisos(QWidget* marco)
 
     anterior_ = boton("Anterior", "Anterior", "go-previous");
     siguiente_ = boton("Siguiente", "Siguiente", "go-next");
-    QPushButton* leido = boton("Leido", "Leído", "mail-mark-read");
+    QPushButton* leido = boton("Leido", "Leído", "emblem-default");
     responder_ = boton("Responder", "Responder", "mail-reply-sender");
     QPushButton* cerrar = boton("Cerrar", "Salir", "window-close");
     connect(anterior_, &QPushButton::clicked, this, [this] {

@@ -1,5 +1,6 @@
 #include "ledger/consultacuenta.h"
 
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -20,6 +21,18 @@ QString rotulo_de(Clave clave) {
     default:
         return {};
     }
+}
+
+/// Parejas y del largo de lo que dicen: lo demás es de los nombres.
+void iguale_codigos(QLineEdit* cuenta, QLineEdit* clave) {
+    constexpr int kMenos = 8;
+    int ancho = ancho_caracteres(cuenta->fontMetrics(), kMenos);
+    for (const QLineEdit* caja : {cuenta, clave})
+        if (caja)
+            ancho = qMax(ancho, caja->fontMetrics().horizontalAdvance(caja->text()));
+    for (QLineEdit* caja : {cuenta, clave})
+        if (caja)
+            caja->setFixedWidth(ancho + paso(2));
 }
 } // namespace
 
@@ -52,6 +65,7 @@ void ConsultaCuenta::FormCreate() {
     NomCuenta->setText(nombre_cuenta());
     if (EClave)
         muestre_clave();
+    iguale_codigos(ECuenta, EClave);
 }
 
 QString ConsultaCuenta::nombre_cuenta() {

@@ -643,8 +643,11 @@ QIcon icono(const QString& nombre) {
         {QStringLiteral("document-edit"), QStringLiteral("document-properties")}};
     if (nombre.isEmpty())
         return {};
-    if (const QIcon plano = de_un_color(nombre); !plano.isNull())
-        return plano;
-    const QIcon propio = QIcon::fromTheme(nombre);
-    return propio.isNull() ? QIcon::fromTheme(parecidos.value(nombre)) : propio;
+    for (const QString& uno : {nombre, parecidos.value(nombre)}) {
+        if (const QIcon plano = de_un_color(uno); !plano.isNull())
+            return plano;
+        if (const QIcon propio = QIcon::fromTheme(uno); !propio.isNull())
+            return propio;
+    }
+    return {};
 }
