@@ -17,7 +17,7 @@ Tfbajaactivo::Tfbajaactivo()
     DBGridEh1->setAccessibleName("Activos por dar de baja");
     DBGridEh1->columnas({{"ACTIVO", "Activo", 12},
                          {"NOMBRE", "Descripción", 36},
-                         {"VALOR", "Valor Dec. 2349", 16, Suma},
+                         {"VALOR", "Valor Dec. 2649", 16, Suma},
                          {"VALORNIIF", "Valor NIIF", 16, Suma}});
     DBGridEh1->ReadOnly = true;
     DBGridEh1->pie(true);

@@ -15,7 +15,7 @@ Tfcuadroactivo::Tfcuadroactivo()
     DBGridEh2 = rejilla("DBGridEh2", CCuadroniif);
     PageControl1 = new QTabWidget;
     PageControl1->setObjectName("PageControl1");
-    PageControl1->addTab(DBGridEh1, "Dec. 2349");
+    PageControl1->addTab(DBGridEh1, "Dec. 2649");
     PageControl1->addTab(DBGridEh2, "NIIF");
     Curva = new Grafica(Grafica::Lineas);
     Curva->setObjectName("Curva");
@@ -119,7 +119,7 @@ void Tfcuadroactivo::dibuje() {
                 ultimo_hecho = qMax(ultimo_hecho, mes);
         }
     QStringList meses{"Costo"};
-    QVector<SerieGrafica> series{{"Valor Dec. 2349", {original_}}, {"Valor NIIF", {original_}}};
+    QVector<SerieGrafica> series{{"Valor Dec. 2649", {original_}}, {"Valor NIIF", {original_}}};
     for (auto i = valores.begin(); i != valores.end(); ++i) {
         meses << i.key();
         for (int libro : {0, 1})

@@ -29,7 +29,9 @@ const DatosLista kDatos{.clase = "Tfbuscplanillasd",
 
 } // namespace
 
-Tfbuscplanillasd::Tfbuscplanillasd() : ListaProceso(kDatos) {}
+Tfbuscplanillasd::Tfbuscplanillasd() : ListaProceso(kDatos) {
+    DBGridEh1->texto_vacio = "No hay planillas. F5 crea la primera.";
+}
 
 void Tfbuscplanillasd::arme_botones() {
     barra_->boton("SpeedButton1", "F5: Nueva", "document-new", Qt::Key_F5,

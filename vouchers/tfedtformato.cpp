@@ -1,6 +1,7 @@
 #include "vouchers/tfedtformato.h"
 
 #include "catalogues/grabe_y_anuncie.h"
+#include "toolkit/aire.h"
 #include "toolkit/controles/imagendato.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/datos_formato.h"
@@ -176,7 +177,8 @@ void Tfedtformato::construya_encabezado(Formulario& f) {
     llave->setFocusPolicy(Qt::NoFocus);
     LFont = new ListaDato(&CFormato, "FORM_FONT");
     LFont->setObjectName("LFont");
-    LFont->setMinimumContentsLength(14);
+    // Con letra grande cede, para que las filas empiecen todas en la misma columna.
+    LFont->setMinimumContentsLength(area_estrecha() ? 6 : 14);
     LFont->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     auto* tamano_letra = editor("FORM_FSIZE", 4);
     auto* alto = editor("FORM_PAPELAL", 6);

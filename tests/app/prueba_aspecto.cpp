@@ -473,6 +473,9 @@ QStringList revise_las_otras_hojas(Pantalla* p, const QString& foto) {
             hojas->setCurrentIndex(i);
             for (const QString& f : revise(p))
                 faltas << hojas->tabText(i) + ": " + f;
+            QWidget* marco = p->parentWidget() ? p->parentWidget()->parentWidget() : nullptr;
+            if (auto* corre = qobject_cast<QScrollArea*>(marco))
+                corre->ensureWidgetVisible(hojas->currentWidget());
             tome_foto(ventana_de(p), foto + '_' + hojas->tabText(i).remove(' '));
         }
         hojas->setCurrentIndex(abierta);

@@ -157,6 +157,10 @@ void RejillaCubo::disponga(const Cubo& cubo, const DisposicionCubo& disposicion)
 void RejillaCubo::ajuste_anchos() {
     constexpr int kFilasMedidas = 200, kColumnasMedidas = 60;
     const QFontMetrics letra(QFont(font().family(), font().pointSize(), QFont::Bold));
+    const auto mida = [&](const QModelIndex& celda) {
+        const bool de_total = celda.data(Qt::FontRole).isValid();
+        return (de_total ? letra : fontMetrics()).horizontalAdvance(celda.data().toString());
+    };
     pedidos_.clear();
     minimos_.clear();
     puestos_.clear();
@@ -167,7 +171,7 @@ void RejillaCubo::ajuste_anchos() {
             ancho = qMax(ancho, letra.horizontalAdvance(renglon));
         int celdas = 0;
         for (int f = 0; f < qMin(modelo_.rowCount(), kFilasMedidas); ++f)
-            celdas = qMax(celdas, letra.horizontalAdvance(modelo_.index(f, c).data().toString()));
+            celdas = qMax(celdas, mida(modelo_.index(f, c)));
         pedidos_ << qMax(ancho, celdas) + paso(2);
         // Un título se corta; una cifra, no.
         minimos_ << qMin(pedidos_.last(), c == 0 ? paso(24) : celdas + 2 * margen_celda(*this) + 2);

@@ -19,7 +19,8 @@ constexpr int kCaracteresMinimo = 8;   ///< lo que de un nombre siempre se ve
 constexpr int kCaracteresCodigo = 2;   ///< y de un código, aunque hoy sean más cortos
 constexpr int kCaracteresHolgura = 45; ///< del nombre que va tras su código, si sobra
 constexpr int kVecesCodigo = 3;        ///< lo más que un código se ensancha con lo que sobra
-constexpr int kCaracteresEntero = 70; ///< un nombre; lo más largo es una nota, y se lee en su celda
+constexpr int kCaracteresEntero =
+    100; ///< un nombre; lo más largo es una nota, y se lee en su celda
 
 /// Reparte hasta `libre` en proporción a lo que a cada uno le falta. Devuelve lo que sobra.
 int de_lo_que_falta(QVector<int>& anchos, const QVector<int>& faltas, int libre) {
