@@ -50,6 +50,7 @@ pdf_dice() {
     impreso=$(pdftotext -layout "$archivo" - | tr -s '[:space:]' ' ')
     shift
     for texto in "$@"; do
+        [ -n "$texto" ] || falle "Falta decir qué trae ${archivo##*/}."
         [[ $impreso == *"$texto"* ]] || falle "${archivo##*/} no dice «$texto»."
     done
 }

@@ -161,8 +161,8 @@ espere_archivo() {
     falle "No se grabó ${1##*/}."
 }
 
-# a_pdf NOMBRE [HOJAS]: graba el informe que ya pidió sus opciones y deja la imagen de sus primeras
-# hojas junto a las fotos.
+# a_pdf NOMBRE [HOJAS]: graba el informe que ya pidió sus opciones, mira que diga lo suyo y deja la
+# imagen de sus primeras hojas junto a las fotos.
 a_pdf() {
     local nombre=$1 hojas=${2:-2}
     espere_ventana "Opciones de impresión"
@@ -176,6 +176,8 @@ a_pdf() {
     teclas Return
     espere_archivo "$fotos/$nombre.pdf"
     foco
+    pdf_dice "$nombre" \
+        "$(sed -n "s/^$nombre\t//p" "$raiz/herramientas/recorrido/papeles.tsv")"
     [ -z "$con_fotos" ] ||
         pdftoppm -r 80 -png -l "$hojas" "$fotos/$nombre.pdf" "$fotos/${nombre}_hoja"
     pdfs=$((pdfs + 1))
