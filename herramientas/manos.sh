@@ -24,7 +24,7 @@ abra_pantalla() {
         codigo=$((codigo + 1))
     done
     xkbcomp -w 0 "$DISPLAY" - | sed "$orden" | xkbcomp -w 0 - "$DISPLAY" 2>/dev/null
-    # El ratón, lejos: una lista que se abra debajo de él señalaría lo que nadie señaló.
+    # El ratón, lejos: un menú que se abra debajo de él señalaría lo que nadie señaló.
     xdotool mousemove 1365 767
     openbox --config-file "$raiz/herramientas/openbox.xml" 2>/dev/null &
     gestor=$!

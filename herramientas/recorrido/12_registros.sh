@@ -14,7 +14,7 @@ tres_cuentas() {
     for cual in 1 2 3; do
         escriba "1105150$cual"
         teclas Tab
-        escriba "Caja tecleada $cual"
+        escriba "Fondo tecleado $cual"
         teclas F2
         foto "cuenta_$cual"
     done
@@ -23,7 +23,7 @@ tres_cuentas() {
     foto cuenta_hallada
     teclas F4
     teclas ctrl+a
-    escriba "Caja corregida"
+    escriba "Fondo corregido"
     foto cuenta_corregida
     teclas F2 Escape
     halle 11051503
@@ -36,8 +36,8 @@ tres_cuentas() {
 quedan_cuentas() {
     quede "las cuentas de $1" "select cuen_cod || ' ' || cuen_nom from $1
         where cuen_cod starting '1105150' order by cuen_cod" <<FIN
-11051501 Caja tecleada 1
-11051502 Caja corregida
+11051501 Fondo tecleado 1
+11051502 Fondo corregido
 FIN
 }
 teclas ctrl+F4

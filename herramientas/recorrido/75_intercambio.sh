@@ -130,6 +130,8 @@ teclas F2
 foto reemplazar_cuenta_pregunta 1
 teclas alt+s
 foto reemplazada 2.5
+# Lo digitado antes en esa cuenta también pasa a la otra, en los dos libros.
+sed -Ei 's/^(NIIF )?110505 /\1110510 /' "$trabajo"/exigido/*.esperado
 teclas Tab Return
 foto reemplazar_tercero 0.8
 teclas Escape Tab Return
