@@ -16,8 +16,8 @@ abra_pantalla() {
         exit 1
     }
     export DISPLAY=:$(cat "$trabajo/monitor")
-    # Las letras del español con tecla propia: si xdotool las pusiera y quitara al vuelo, el programa
-    # podría leer el teclado cuando ya las quitó.
+    # Las letras del español con tecla propia: si xdotool las pusiera y quitara al vuelo, el
+    # programa podría leer el teclado cuando ya las quitó.
     local codigo=208 letra orden=
     for letra in aacute eacute iacute oacute uacute ntilde; do
         orden+="s/key <I$codigo> .*/key <I$codigo> { [ $letra, ${letra^} ] };/;"
