@@ -1,5 +1,5 @@
 # Registros de catálogo que se crean, se corrigen y se borran: cuentas de los dos planes, terceros,
-# proyectos con sus centros.
+# proyectos con sus centros. Va de última: las filas nuevas correrían las de las otras escenas.
 
 # halle TEXTO: lo busca en la lista y vuelve a las filas.
 halle() {
