@@ -24,7 +24,7 @@ quede() {
 }
 # quede_comprobante TIPO CONCEPTO FECHA <<FIN: el único nuevo con ese concepto. Cada renglón:
 # cuenta tercero proyecto centro débito crédito, con "-" en lo que no lleva. Los que empiezan por
-# NIIF son los de ese libro; si no hay ninguno, es igual al otro.
+# NIIF son los de ese libro; si no hay ninguno, es igual al otro. "NIIF nada": en ese no quedó.
 quede_comprobante() {
     local suyo="e.enco_consec > $ultimo and e.tico_cod = '$1' and e.enco_concepto = '$2'"
     local renglones libro consulta tabla
@@ -40,9 +40,24 @@ quede_comprobante() {
     done
     quede "el comprobante $1 «$2»" "$consulta" < <(
         echo "$3"
-        grep -v '^NIIF ' <<<"$renglones"
-        grep '^NIIF ' <<<"$renglones" || sed 's/^/NIIF /' <<<"$renglones"
+        grep -v '^NIIF ' <<<"$renglones" || true
+        { grep '^NIIF ' <<<"$renglones" || sed 's/^/NIIF /' <<<"$renglones"; } |
+            sed '/^NIIF nada$/d'
     )
+}
+# quedan_sumas QUÉ SIENDO <<FIN: fecha, cuenta, débitos y créditos de los comprobantes nuevos que
+# cumplan la condición, los mismos en los dos libros.
+quedan_sumas() {
+    local sumas tabla
+    sumas=$(cat)
+    for tabla in comprobante_detalle comprobante_detalle_niif; do
+        quede "las sumas de $1 en $tabla" "select e.enco_fecha || ' ' || d.cuen_cod || ' ' ||
+            cast(sum(d.code_debito) as numeric(18,2)) || ' ' ||
+            cast(sum(d.code_credito) as numeric(18,2))
+            from $tabla d join comprobante_encabezado e on e.enco_consec = d.enco_consec
+            where e.enco_consec > $ultimo and $2 group by e.enco_fecha, d.cuen_cod
+            order by e.enco_fecha, d.cuen_cod" <<<"$sumas"
+    done
 }
 # pdf_dice NOMBRE TEXTO...: lo impreso lo trae, sin contar los blancos seguidos.
 pdf_dice() {

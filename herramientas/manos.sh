@@ -150,6 +150,18 @@ espere_ventana() {
     done
     falle "No apareció la ventana «$1»."
 }
+# espere_aviso: el de los mensajes, que es del programa y no una ventana: se le ve el color.
+espere_aviso() {
+    local hasta=$((SECONDS + 120))
+    while [ "$SECONDS" -lt "$hasta" ]; do
+        # Quien busca lee hasta el final: si se fuera antes, la foto quedaría por fallida.
+        import -window root -depth 8 -format %c histogram:info:- |
+            grep -E ' [0-9]{5,}: .*#80FFFF' >/dev/null && calma && return
+        viva
+        sleep 0.2
+    done
+    falle "No apareció el aviso de un mensaje."
+}
 # espere_archivo RUTA: que esté entero, porque el programa ya no lo toca.
 espere_archivo() {
     local hasta=$((SECONDS + 120))
@@ -176,8 +188,10 @@ a_pdf() {
     teclas Return
     espere_archivo "$fotos/$nombre.pdf"
     foco
-    pdf_dice "$nombre" \
-        "$(sed -n "s/^$nombre\t//p" "$raiz/herramientas/recorrido/papeles.tsv")"
+    local textos
+    IFS=$'\t' read -ra textos < \
+        <(sed -n "s/^$nombre\t//p" "$raiz/herramientas/recorrido/papeles.tsv") || true
+    pdf_dice "$nombre" "${textos[@]:-}"
     [ -z "$con_fotos" ] ||
         pdftoppm -r 80 -png -l "$hojas" "$fotos/$nombre.pdf" "$fotos/${nombre}_hoja"
     pdfs=$((pdfs + 1))
