@@ -6,13 +6,19 @@
 #   herramientas/recorrido.sh CARPETA_DEMO USUARIO CLAVE_OFUSCADA
 #   QUORVEX_RECORRIDO=CARPETA    dónde deja las fotos
 #   QUORVEX_ESCENAS=CARPETA      otras escenas que las de herramientas/recorrido
+#   QUORVEX_SIN_FOTOS=1          solo teclea y comprueba
+#
+# Al cerrar se compara lo que se tecleó con lo que quedó. Las pantallas que ninguna escena abrió
+# quedan en sin_abrir.txt.
 set -euo pipefail
 . "$(dirname "$0")/comun.sh"
 demo=$1 usuario=$2 clave=$3
 fotos=${QUORVEX_RECORRIDO:-$raiz/recorrido}
+con_fotos=$([ -n "${QUORVEX_SIN_FOTOS:-}" ] || echo 1)
 trabajo=$(mktemp -d)
-numero=0
-programa= pantalla= gestor=
+programa= pantalla= gestor= guion=
+. "$raiz/herramientas/manos.sh"
+. "$raiz/herramientas/comprobaciones.sh"
 
 termine() {
     # El motor de la base, que va dentro del programa, se queda con el aviso de terminar.
@@ -42,153 +48,55 @@ mkdir "$fotos/certificados"
     GENERAL "CARPETA PARA UBICAR ARCHIVOS DE CERTIFICADOS GENERADOS COMO PDF" \
     "$fotos/certificados" >/dev/null
 export QUORVEX_DIRECTORIO=$trabajo/aplicacion
-export XDG_CONFIG_HOME=$trabajo/preferencias QT_QPA_PLATFORM=xcb
+export XDG_CONFIG_HOME=$trabajo/preferencias XDG_DATA_HOME=$trabajo/del_usuario
+export XDG_RUNTIME_DIR=$trabajo/de_la_sesion
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+export QT_QPA_PLATFORM=xcb QT_LOGGING_RULES="quorvex.pantallas.debug=true"
+# Las hojas que el programa abre con otro no se miran aquí.
+export QUORVEX_HOJA_CALCULO=${QUORVEX_HOJA_CALCULO:-/bin/true}
+anote_lo_que_hay
 
-Xvfb -r -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$trabajo/monitor" 2>/dev/null &
-pantalla=$!
-for _ in $(seq 100); do [ -s "$trabajo/monitor" ] && break; sleep 0.1; done
-[ -s "$trabajo/monitor" ] || {
-    echo "Xvfb no arrancó." >&2
-    exit 1
-}
-export DISPLAY=:$(cat "$trabajo/monitor")
-openbox --config-file "$raiz/herramientas/openbox.xml" 2>/dev/null &
-gestor=$!
-sleep 0.5
-
-# --- manos y ojos
-viva() {
-    kill -0 "$programa" 2>/dev/null && return
-    local estado=0
-    wait "$programa" || estado=$?
-    echo "El programa terminó antes de tiempo, con $estado."
-    exit 1
-}
-espere() { sleep "${1:-0.5}"; calma; }
-# calma: espera a que el programa atienda lo que le llegó; en un equipo ocupado las pausas no
-# bastan.
-calma() {
-    local antes= ahora quietas=0
-    for _ in $(seq 400); do
-        # Estado y tiempo de procesador: dormido, y sin gastar nada desde la mirada anterior.
-        ahora=$(sed 's/.*) //' "/proc/$programa/stat" 2>/dev/null | cut -d' ' -f1,12,13) || return 0
-        if [ "${ahora%% *}" = S ] && [ "$ahora" = "$antes" ]; then
-            quietas=$((quietas + 1))
-            [ "$quietas" = 3 ] && return 0
-        else
-            quietas=0
-        fi
-        antes=$ahora
-        sleep 0.04
-    done
-}
-# foco: en un equipo muy ocupado, al cerrar un diálogo el teclado puede quedar sin dueño.
-foco() {
-    local duena
-    duena=$(xdotool getactivewindow getwindowpid 2>/dev/null) || true
-    [ "$duena" = "$programa" ] ||
-        xdotool search --onlyvisible --name "Quorvex 2018" windowactivate 2>/dev/null || true
-}
-# teclas F2 Return ...: cada una por aparte, con un respiro.
-teclas() {
-    local tecla
-    foco
-    for tecla in "$@"; do
-        xdotool key --clearmodifiers "$tecla"
-        espere 0.12
-    done
-    espere 0.3
-}
-escriba() { foco; xdotool type --delay 15 "$1"; espere 0.25; }
-# linea CELDA...: una fila de una rejilla con Enter; una celda vacía se deja como esté.
-linea() {
-    local celda
-    for celda in "$@"; do
-        [ -n "$celda" ] && escriba "$celda"
-        teclas Return
-    done
-}
-# opcion LETRA...: en un menú de botones, hasta la que empieza por ellas, y la abre.
-opcion() {
-    teclas "$@" Return
-    espere 0.8
-}
-foto() {
-    viva
-    espere "${2:-0.4}"
-    numero=$((numero + 1))
-    import -window root "$fotos/$(printf '%02d' "$numero")_$1.png"
-    echo "  $(printf '%02d' "$numero") $1"
-}
-espere_ventana() {
-    for _ in $(seq 150); do
-        xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 && return
-        viva
-        sleep 0.2
-    done
-    echo "No apareció la ventana «$1»."
-    exit 1
-}
-
-# a_pdf NOMBRE [HOJAS]: graba el informe que ya pidió sus opciones y deja la imagen de sus primeras
-# hojas junto a las fotos.
-pdfs=0
-a_pdf() {
-    local nombre=$1 hojas=${2:-2}
-    espere_ventana "Opciones de impresión"
-    teclas alt+a alt+f
-    escriba "PDF"
-    [ "$pdfs" = 0 ] && foto "opciones_$nombre"
-    teclas Return
-    espere_ventana "Guardar"
-    teclas ctrl+a
-    escriba "$fotos/$nombre.pdf"
-    teclas Return
-    for _ in $(seq 150); do [ -s "$fotos/$nombre.pdf" ] && break; viva; sleep 0.2; done
-    if [ ! -s "$fotos/$nombre.pdf" ]; then
-        foto "sin_$nombre"
-        echo "No se grabó $nombre.pdf"
-        exit 1
-    fi
-    espere 0.3
-    foco
-    pdftoppm -r 80 -png -l "$hojas" "$fotos/$nombre.pdf" "$fotos/${nombre}_hoja"
-    pdfs=$((pdfs + 1))
-    echo "     $nombre.pdf"
-}
+abra_pantalla
 
 # --- sin línea de órdenes no se entra
-"$construccion/bin/quorvex-contabilidad" &
+"$construccion/bin/quorvex-contabilidad" 2>>"$trabajo/programa.log" &
 programa=$!
 espere_ventana "Contabilidad"
 foto acceso_negado 1.2
-teclas Return
+xdotool key Return # y el programa termina
 wait "$programa" || true
 
 # --- entrada
-"$construccion/bin/quorvex-contabilidad" PUENTES "$usuario" 001 "$clave" &
+"$construccion/bin/quorvex-contabilidad" PUENTES "$usuario" 001 "$clave" \
+    2>>"$trabajo/programa.log" &
 programa=$!
 espere_ventana "Contabilidad NIIF"
 foto formulario_principal 1.5
 
 shopt -s nullglob
 for guion in "${QUORVEX_ESCENAS:-$raiz/herramientas/recorrido}"/*.sh; do
+    [ -n "$con_fotos" ] || echo "${guion##*/} $SECONDS s"
     . "$guion"
 done
 
 # --- salida
-teclas ctrl+s
-for _ in $(seq 50); do kill -0 "$programa" 2>/dev/null || break; sleep 0.1; done
-if kill -0 "$programa" 2>/dev/null; then
-    foto no_cerro
-    echo "El programa no cerró con Ctrl+S."
-    exit 1
-fi
+xdotool key --clearmodifiers ctrl+s
+for _ in $(seq 600); do kill -0 "$programa" 2>/dev/null || break; sleep 0.1; done
+kill -0 "$programa" 2>/dev/null && falle "El programa no cerró con Ctrl+S."
 programa=
+estado=0
+# Las pantallas registradas que nadie abrió.
+cuales() { sed -n "s/^quorvex.pantallas: $1 //p" "$trabajo/programa.log" | sort -u; }
+comm -23 <(cuales registrada) <(cuales abierta) >"$fotos/sin_abrir.txt"
+grep -v '^quorvex.pantallas: ' "$trabajo/programa.log" | sort -u || true
 if [ -s "$trabajo/aplicacion/ERRORES.TXT" ]; then
     cp "$trabajo/aplicacion/ERRORES.TXT" "$fotos/"
     echo "Fallas anotadas durante el recorrido:"
     iconv -f ISO-8859-1 -t UTF-8 "$trabajo/aplicacion/ERRORES.TXT"
+    estado=1
 fi
-"$construccion/bin/quorvex-admin" verificar --ubicacion "$trabajo" --compania 001
-echo "Recorrido terminado: $numero fotos y $pdfs informes en PDF en $fotos"
+compruebe || estado=1
+"$construccion/bin/quorvex-admin" verificar --ubicacion "$trabajo" --compania 001 || estado=1
+echo "Recorrido terminado: $numero fotos y $pdfs informes en PDF en $fotos;" \
+    "$(wc -l <"$fotos/sin_abrir.txt") pantallas sin abrir"
+exit "$estado"

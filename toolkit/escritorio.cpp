@@ -11,6 +11,7 @@
 
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QLoggingCategory>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -20,6 +21,9 @@
 #include <QStyle>
 
 namespace {
+// Callada si no se pide: quien prueba desde fuera sabe con ella qué pantallas hay y cuáles abrió.
+Q_LOGGING_CATEGORY(registro_pantallas, "quorvex.pantallas", QtWarningMsg)
+
 Escritorio* escritorio_ = nullptr;
 constexpr char kAltoDelArea[] = "alto_del_area"; ///< el suyo no cambia aunque no quepan sus filas
 
@@ -372,12 +376,14 @@ RegistroPantallas& pantallas() {
 
 void RegistroPantallas::registre(const QString& nombre, Creador creador, Copias copias) {
     creadores_.insert(nombre, {std::move(creador), copias});
+    qCDebug(registro_pantallas, "registrada %s", qPrintable(nombre));
 }
 
 Pantalla* RegistroPantallas::construya(const QString& nombre) const {
     const auto p = creadores_.find(nombre);
     if (p == creadores_.end())
         throw ErrorDatos(QStringLiteral("No existe la pantalla %1.").arg(nombre));
+    qCDebug(registro_pantallas, "abierta %s", qPrintable(nombre));
     return p->creador();
 }
 

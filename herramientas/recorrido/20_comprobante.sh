@@ -33,3 +33,8 @@ a_pdf comprobante 1
 teclas Escape
 foto grabado 1
 teclas Escape
+quede_comprobante RC "Venta de contado" 20170115 <<FIN
+110505 - - - 595000.00 0.00
+413548 - 0004 0001 0.00 500000.00
+240805 - - - 0.00 95000.00
+FIN

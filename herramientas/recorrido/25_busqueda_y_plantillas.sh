@@ -9,8 +9,13 @@ teclas ctrl+Next
 foto plantilla_en_el_libro_niif 1
 teclas ctrl+Prior
 teclas Escape
-teclas alt+s # Sí, se deja
-espere 0.5
+teclas alt+s # Sí, se deja: al pasar de libro ya quedó grabado
+quede_comprobante GA "Arriendo mensual" 20170120 <<FIN
+512010 855710215 0001 0001 4800000.00 0.00
+240810 - - - 912000.00 0.00
+236530 855710215 - - 0.00 168000.00
+233540 855710215 - - 0.00 5544000.00
+FIN
 teclas shift+F6
 foto lista_de_plantillas 0.8
 teclas Down

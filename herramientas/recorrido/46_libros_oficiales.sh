@@ -23,5 +23,6 @@ espere 1.5
 teclas Tab ctrl+a
 escriba "$fotos/numeracion_de_hojas.pdf"
 teclas Return
-espere 1
+espere_archivo "$fotos/numeracion_de_hojas.pdf"
+pdf_dice numeracion_de_hojas "001 MB 0001 001 MB 0002 001 MB 0003"
 foto numeracion_impresa

@@ -23,12 +23,7 @@ archivo_en() {
 }
 # exija_archivo NOMBRE: quedó grabado.
 exija_archivo() {
-    for _ in $(seq 50); do [ -s "$fotos/$1" ] && break; sleep 0.2; done
-    if [ ! -s "$fotos/$1" ]; then
-        foto sin_archivo
-        echo "No se grabó $1"
-        exit 1
-    fi
+    espere_archivo "$fotos/$1"
     echo "     $1"
 }
 

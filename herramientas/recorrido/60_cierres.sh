@@ -11,7 +11,7 @@ teclas F8
 foto conceptos_automaticos 0.8
 teclas F4
 foto concepto_automatico 1
-teclas Escape Escape Escape
+teclas Escape Escape Escape Escape
 teclas Down Down F6
 escriba "Provisión de cartera del mes"
 teclas F5
@@ -21,6 +21,12 @@ foto comprobante_del_registro 1.5
 teclas Escape
 espere 0.5
 teclas Escape Escape
+# El 1 % de los 256964891 que deben los clientes al acabar febrero.
+quede_comprobante CG "Provisión de cartera del mes" 20170201 <<FIN
+519910 - 0001 0001 2569648.91 0.00
+139905 - - - 0.00 2569648.91
+NIIF nada
+FIN
 
 # Una venta de 1.000 dólares a 2.900, con su documento y su Base en la moneda, y la diferencia en
 # cambio a la tasa del fin de mes.
@@ -64,6 +70,16 @@ escriba "1305"
 teclas Tab F2
 foto diferencia_en_cambio 1.5
 teclas Escape
+quede_comprobante CG "Venta al exterior" 20170210 <<FIN
+130505 807252596 - - 2900000.00 0.00
+413548 - 0004 0001 0.00 2900000.00
+FIN
+# 1000 por 84.15
+quede_comprobante CG "Diferencia en cambio de febrero" 20170228 <<FIN
+130505 807252596 - - 84150.00 0.00
+421020 - - - 0.00 84150.00
+NIIF nada
+FIN
 
 # El cierre del año se hace en el período de ajustes, que tiene resultados; se ve y se imprime su
 # comprobante, y se deshace. El mes de la sesión se cambia en el balance, que aquí va por febrero.
@@ -142,3 +158,6 @@ espere 0.5
 teclas F3 alt+s # Sí
 foto ajuste_deshecho 1
 teclas Escape
+quede "los cierres que se deshicieron" "select 'quedan ' || count(*) from comprobante_encabezado
+    where enco_concepto in ('Cierre de resultados', 'Cierre de proveedores', 'Ajuste de diciembre')
+    and enco_consec > $ultimo" <<<"quedan 0"

@@ -71,3 +71,33 @@ teclas Escape
 teclas shift+F9
 for _ in $(seq 12); do teclas alt+Left; done
 teclas Escape
+# El camión, a 60 y a 96 meses; el equipo, lo que le falta a sus 43 de 60 y de 48, porque lo que ya
+# tenía iba redondeado; los muebles, a 120 y a 144.
+quede_comprobante CG "Depreciación del mes" 20180131 <<FIN
+526035 - 0003 0002 1600000.00 0.00
+159235 - - - 0.00 1600000.00
+516020 - 0001 0003 466662.67 0.00
+159220 - - - 0.00 466662.67
+516015 - 0001 0001 300000.00 0.00
+159215 - - - 0.00 300000.00
+NIIF 526035 - 0003 0002 1000000.00 0.00
+NIIF 159235 - - - 0.00 1000000.00
+NIIF 516020 - 0001 0003 583337.33 0.00
+NIIF 159220 - - - 0.00 583337.33
+NIIF 516015 - 0001 0001 250000.00 0.00
+NIIF 159215 - - - 0.00 250000.00
+FIN
+# Los 96 millones del camión menos 37 depreciados, hasta el avalúo menos lo que costaría venderlo.
+quede_comprobante CG "Avalúo anual" 20180131 <<FIN
+NIIF 519910 - 0003 0002 58050000.00 0.00
+NIIF 159299 - - - 0.00 58050000.00
+FIN
+# Los muebles costaron 36 millones.
+quede_comprobante CG "Venta por chatarra" 20180131 <<FIN
+152405 - - - 0.00 36000000.00
+159215 - - - 13500000.00 0.00
+531015 - - - 22500000.00 0.00
+NIIF 152405 - - - 0.00 36000000.00
+NIIF 159215 - - - 11250000.00 0.00
+NIIF 531015 - - - 24750000.00 0.00
+FIN

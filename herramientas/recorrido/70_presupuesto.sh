@@ -36,3 +36,13 @@ teclas F2
 espere 1.5
 foto planilla_grabada 0.8
 teclas Escape Escape
+quede_comprobante CG "Consignación 901" 20170203 <<FIN
+11100501 - - - 150000.00 0.00
+110505 - - - 0.00 150000.00
+NIIF nada
+FIN
+quede_comprobante CG "Consignación 902" 20170204 <<FIN
+11100501 - - - 275000.00 0.00
+110505 - - - 0.00 275000.00
+NIIF nada
+FIN

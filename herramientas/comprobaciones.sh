@@ -1,0 +1,97 @@
+# Lo que debió quedar de lo tecleado. Los papeles se leen enseguida; los registros, al cerrar el
+# programa, que entre tanto tiene la base para sí. Se incluye; no se ejecuta.
+exigidos=0
+mkdir -p "$trabajo/exigido"
+
+# consulte GUIÓN: lo que responde la compañía, sin blancos de relleno. El programa está cerrado.
+consulte() {
+    { echo "set heading off;"; cat; } |
+        isql-fb -q -ch UTF8 -user SYSDBA "$trabajo/datos/001/quorvex.fdb" 2>&1 |
+        sed 's/[[:space:]]*$//; /^$/d'
+}
+# ultimo: el consecutivo del último comprobante que ya estaba.
+anote_lo_que_hay() {
+    ultimo=$(echo "select coalesce(max(enco_consec), 0) from comprobante_encabezado;" | consulte)
+    ultimo=$((ultimo))
+}
+# quede QUÉ SQL <<FIN: al cerrar, la consulta de una columna debe dar esos renglones.
+quede() {
+    exigidos=$((exigidos + 1))
+    local n=$trabajo/exigido/$(printf '%03d' "$exigidos")
+    echo "${guion##*/}: $1" >"$n.que"
+    echo "$2" >"$n.sql"
+    cat >"$n.esperado"
+}
+# quede_comprobante TIPO CONCEPTO FECHA <<FIN: el único nuevo con ese concepto. Cada renglón:
+# cuenta tercero proyecto centro débito crédito, con "-" en lo que no lleva. Los que empiezan por
+# NIIF son los de ese libro; si no hay ninguno, es igual al otro. "NIIF nada": en ese no quedó.
+quede_comprobante() {
+    local suyo="e.enco_consec > $ultimo and e.tico_cod = '$1' and e.enco_concepto = '$2'"
+    local renglones libro consulta tabla
+    renglones=$(cat)
+    consulta="select e.enco_fecha from comprobante_encabezado e where $suyo;"
+    for tabla in comprobante_detalle comprobante_detalle_niif; do
+        libro=$([ "$tabla" = comprobante_detalle ] || echo "NIIF ")
+        consulta+="select '$libro' || d.cuen_cod || ' ' || coalesce(d.terc_nit, '-') || ' ' ||
+            coalesce(d.proy_cod, '-') || ' ' || coalesce(d.cent_cod, '-') || ' ' ||
+            cast(d.code_debito as numeric(18,2)) || ' ' || cast(d.code_credito as numeric(18,2))
+            from $tabla d join comprobante_encabezado e on e.enco_consec = d.enco_consec
+            where $suyo order by d.code_item;"
+    done
+    quede "el comprobante $1 «$2»" "$consulta" < <(
+        echo "$3"
+        grep -v '^NIIF ' <<<"$renglones" || true
+        { grep '^NIIF ' <<<"$renglones" || sed 's/^/NIIF /' <<<"$renglones"; } |
+            sed '/^NIIF nada$/d'
+    )
+}
+# quedan_sumas QUÉ SIENDO <<FIN: fecha, cuenta, débitos y créditos de los comprobantes nuevos que
+# cumplan la condición, los mismos en los dos libros.
+quedan_sumas() {
+    local sumas tabla
+    sumas=$(cat)
+    for tabla in comprobante_detalle comprobante_detalle_niif; do
+        quede "las sumas de $1 en $tabla" "select e.enco_fecha || ' ' || d.cuen_cod || ' ' ||
+            cast(sum(d.code_debito) as numeric(18,2)) || ' ' ||
+            cast(sum(d.code_credito) as numeric(18,2))
+            from $tabla d join comprobante_encabezado e on e.enco_consec = d.enco_consec
+            where e.enco_consec > $ultimo and $2 group by e.enco_fecha, d.cuen_cod
+            order by e.enco_fecha, d.cuen_cod" <<<"$sumas"
+    done
+}
+# pdf_dice NOMBRE TEXTO...: lo impreso lo trae, sin contar los blancos seguidos.
+pdf_dice() {
+    local archivo=$fotos/$1.pdf texto impreso
+    impreso=$(pdftotext -layout "$archivo" - | tr -s '[:space:]' ' ')
+    shift
+    for texto in "$@"; do
+        [ -n "$texto" ] || falle "Falta decir qué trae ${archivo##*/}."
+        [[ $impreso == *"$texto"* ]] || falle "${archivo##*/} no dice «$texto»."
+    done
+}
+# compruebe: al cerrar; dice todo lo que no quedó como se tecleó.
+compruebe() {
+    local n faltas=0
+    for n in "$trabajo"/exigido/*.sql; do
+        [ -e "$n" ] || continue
+        n=${n%.sql}
+        echo "select '=== ${n##*/}' from rdb\$database;"
+        cat "$n.sql"
+        echo ";"
+    done | consulte | awk -v en="$trabajo/exigido/" '
+        /^=== / { n = $2; printf "" >(en n ".hallado"); next }
+        { print >(en n ".hallado") }'
+    for n in "$trabajo"/exigido/*.esperado; do
+        [ -e "$n" ] || continue
+        n=${n%.esperado}
+        diff -u "$n.esperado" "$n.hallado" >"$n.diferencia" && continue
+        faltas=$((faltas + 1))
+        echo "No quedó $(cat "$n.que")"
+        sed 1,2d "$n.diferencia"
+    done
+    [ "$faltas" = 0 ] || {
+        echo "$faltas de $exigidos cosas no quedaron como se teclearon."
+        return 1
+    }
+    echo "Lo tecleado quedó: $exigidos comprobaciones."
+}

@@ -1,0 +1,199 @@
+# Manos y ojos de quien maneja el programa desde fuera: teclas verdaderas, sin ratón. Se incluye; no
+# se ejecuta. Espera siempre a que el programa haya atendido lo que le llegó, nunca un tiempo.
+# Usa $trabajo, $fotos, $programa, $gestor, $pantalla y $con_fotos.
+numero=0
+pdfs=0
+
+# abra_pantalla: la virtual, con un gestor de ventanas que no tiene teclas propias.
+abra_pantalla() {
+    # Sin -noreset, al irse el primer cliente olvidaría el teclado que aquí se le pone.
+    Xvfb -r -noreset -displayfd 3 -screen 0 1366x768x24 -nolisten tcp \
+        3>"$trabajo/monitor" 2>/dev/null &
+    pantalla=$!
+    for _ in $(seq 600); do [ -s "$trabajo/monitor" ] && break; sleep 0.1; done
+    [ -s "$trabajo/monitor" ] || {
+        echo "Xvfb no arrancó." >&2
+        exit 1
+    }
+    export DISPLAY=:$(cat "$trabajo/monitor")
+    # Las letras del español con tecla propia: si xdotool las pusiera y quitara al vuelo, el
+    # programa podría leer el teclado cuando ya las quitó.
+    local codigo=208 letra orden=
+    for letra in aacute eacute iacute oacute uacute ntilde; do
+        orden+="s/key <I$codigo> .*/key <I$codigo> { [ $letra, ${letra^} ] };/;"
+        codigo=$((codigo + 1))
+    done
+    xkbcomp -w 0 "$DISPLAY" - | sed "$orden" | xkbcomp -w 0 - "$DISPLAY" 2>/dev/null
+    # El ratón, lejos: un menú que se abra debajo de él señalaría lo que nadie señaló.
+    xdotool mousemove 1365 767
+    openbox --config-file "$raiz/herramientas/openbox.xml" 2>/dev/null &
+    gestor=$!
+    for _ in $(seq 600); do
+        xdotool get_desktop >/dev/null 2>&1 && return
+        sleep 0.05
+    done
+    echo "openbox no arrancó." >&2
+    exit 1
+}
+
+# falle MENSAJE: lo dice, con el renglón de la escena, y deja lo que se ve en falla.png.
+falle() {
+    local i donde=
+    for i in "${!BASH_SOURCE[@]}"; do
+        [[ ${BASH_SOURCE[$i]} == */[0-9][0-9]_*.sh ]] && {
+            donde="${BASH_SOURCE[$i]##*/}:${BASH_LINENO[$((i - 1))]}: "
+            break
+        }
+    done
+    import -window root "$fotos/falla.png" 2>/dev/null || true
+    echo "$donde$*" | tee -a "$trabajo/falla"
+    exit 1
+}
+viva() {
+    kill -0 "$programa" 2>/dev/null && return
+    local estado=0
+    wait "$programa" || estado=$?
+    falle "El programa terminó antes de tiempo, con $estado."
+}
+
+# quieto: todos los hilos del programa, del gestor y de la pantalla duermen; en $gasto queda el
+# tiempo de procesador de cada uno.
+quieto() {
+    local proceso hilo renglon campos
+    gasto=
+    for proceso in $programa $gestor $pantalla; do
+        for hilo in /proc/"$proceso"/task/*/stat; do
+            { read -r renglon <"$hilo"; } 2>/dev/null || continue
+            campos=(${renglon##*) })
+            case ${campos[0]} in R | D) return 1 ;; esac
+            gasto+=" ${campos[11]} ${campos[12]}"
+        done
+    done
+}
+# calma: tres miradas seguidas en que nadie hizo nada.
+calma() {
+    local antes= quietas=0 hasta=$((SECONDS + 180))
+    while [ "$SECONDS" -lt "$hasta" ]; do
+        if quieto && [ "$gasto" = "$antes" ]; then
+            quietas=$((quietas + 1))
+            [ "$quietas" = 3 ] && return 0
+        else
+            quietas=0
+        fi
+        antes=$gasto
+        sleep 0.01
+    done
+    falle "El programa no acabó de atender la última tecla."
+}
+# espere SEGUNDOS: lo que necesite quien mira las fotos; sin ellas, solo la calma.
+espere() {
+    [ -z "$con_fotos" ] || sleep "${1:-0.5}"
+    calma
+}
+# foco: en un equipo muy ocupado, al cerrar un diálogo el teclado puede quedar sin dueño.
+foco() {
+    local duena
+    duena=$(xdotool getactivewindow getwindowpid 2>/dev/null) || true
+    [ "$duena" = "$programa" ] && return
+    xdotool search --onlyvisible --name "Quorvex 2018" windowactivate 2>/dev/null || true
+    calma
+}
+# teclas F2 Return ...: cada una cuando se atendió la anterior.
+teclas() {
+    local tecla
+    foco
+    for tecla in "$@"; do
+        xdotool key --clearmodifiers --delay 1 "$tecla"
+        calma
+        # Con su letra un botón queda hundido una décima de segundo antes de obrar.
+        [[ $tecla == ? || $tecla == alt+? ]] && sleep 0.11 && calma
+    done
+    viva
+}
+escriba() {
+    foco
+    xdotool type --clearmodifiers --delay 3 -- "$1"
+    calma
+}
+# veces N TECLA
+veces() {
+    local i
+    for ((i = 0; i < $1; i++)); do teclas "$2"; done
+}
+# linea CELDA...: una fila de una rejilla con Enter; una celda vacía se deja como esté.
+linea() {
+    local celda
+    for celda in "$@"; do
+        [ -n "$celda" ] && escriba "$celda"
+        teclas Return
+    done
+}
+# opcion LETRA...: en un menú de botones, hasta la que empieza por ellas, y la abre.
+opcion() { teclas "$@" Return; }
+
+foto() {
+    viva
+    calma
+    [ -n "$con_fotos" ] || return 0
+    espere "${2:-0.4}"
+    numero=$((numero + 1))
+    import -window root "$fotos/$(printf '%02d' "$numero")_$1.png"
+    echo "  $(printf '%02d' "$numero") $1"
+}
+hay_ventana() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
+espere_ventana() {
+    local hasta=$((SECONDS + 120))
+    while [ "$SECONDS" -lt "$hasta" ]; do
+        hay_ventana "$1" && calma && return
+        viva
+        sleep 0.05
+    done
+    falle "No apareció la ventana «$1»."
+}
+# espere_aviso: el de los mensajes, que es del programa y no una ventana: se le ve el color.
+espere_aviso() {
+    local hasta=$((SECONDS + 120))
+    while [ "$SECONDS" -lt "$hasta" ]; do
+        # Quien busca lee hasta el final: si se fuera antes, la foto quedaría por fallida.
+        import -window root -depth 8 -format %c histogram:info:- |
+            grep -E ' [0-9]{5,}: .*#80FFFF' >/dev/null && calma && return
+        viva
+        sleep 0.2
+    done
+    falle "No apareció el aviso de un mensaje."
+}
+# espere_archivo RUTA: que esté entero, porque el programa ya no lo toca.
+espere_archivo() {
+    local hasta=$((SECONDS + 120))
+    while [ "$SECONDS" -lt "$hasta" ]; do
+        [ -s "$1" ] && calma && return
+        viva
+        sleep 0.05
+    done
+    falle "No se grabó ${1##*/}."
+}
+
+# a_pdf NOMBRE [HOJAS]: graba el informe que ya pidió sus opciones, mira que diga lo suyo y deja la
+# imagen de sus primeras hojas junto a las fotos.
+a_pdf() {
+    local nombre=$1 hojas=${2:-2}
+    espere_ventana "Opciones de impresión"
+    teclas alt+a alt+f
+    escriba "PDF"
+    [ "$pdfs" = 0 ] && foto "opciones_$nombre"
+    teclas Return
+    espere_ventana "Guardar"
+    teclas ctrl+a
+    escriba "$fotos/$nombre.pdf"
+    teclas Return
+    espere_archivo "$fotos/$nombre.pdf"
+    foco
+    local textos
+    IFS=$'\t' read -ra textos < \
+        <(sed -n "s/^$nombre\t//p" "$raiz/herramientas/recorrido/papeles.tsv") || true
+    pdf_dice "$nombre" "${textos[@]:-}"
+    [ -z "$con_fotos" ] ||
+        pdftoppm -r 80 -png -l "$hojas" "$fotos/$nombre.pdf" "$fotos/${nombre}_hoja"
+    pdfs=$((pdfs + 1))
+    echo "     $nombre.pdf"
+}
