@@ -10,3 +10,8 @@ foto movido
 teclas Escape Escape
 quede "el formato movido" "select trim(dafo_posx) from formato_datos
     where pref_pre = 'CE' and dafo_dato = 'CONCEPTO'" <<<233
+
+# Y lo último del menú.
+teclas alt+v Right Return
+foto acerca_de
+teclas Escape
