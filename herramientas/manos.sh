@@ -128,6 +128,15 @@ linea() {
         teclas Return
     done
 }
+# fila CELDA...: en una rejilla donde Enter no avanza; queda en la última celda.
+fila() {
+    local celda primera=1
+    for celda in "$@"; do
+        [ -n "$primera" ] || teclas Tab
+        primera=
+        [ -z "$celda" ] || escriba "$celda"
+    done
+}
 # opcion LETRA...: en un menú de botones, hasta la que empieza por ellas, y la abre.
 opcion() { teclas "$@" Return; }
 
@@ -197,3 +206,7 @@ a_pdf() {
     pdfs=$((pdfs + 1))
     echo "     $nombre.pdf"
 }
+# hay_aviso: un diálogo espera respuesta.
+hay_aviso() { hay_ventana "^Contabilidad - Quorvex 2018$"; }
+# veces_abierta PANTALLA
+veces_abierta() { grep -c "^quorvex.pantallas: abierta $1$" "$trabajo/programa.log" || true; }

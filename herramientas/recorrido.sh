@@ -52,7 +52,10 @@ export XDG_CONFIG_HOME=$trabajo/preferencias XDG_DATA_HOME=$trabajo/del_usuario
 export XDG_RUNTIME_DIR=$trabajo/de_la_sesion
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 export QT_QPA_PLATFORM=xcb QT_LOGGING_RULES="quorvex.pantallas.debug=true"
-# Las hojas que el programa abre con otro no se miran aquí.
+# Los papeles y las hojas que el programa abre con otro no se miran aquí.
+mkdir "$trabajo/ordenes"
+ln -s /bin/true "$trabajo/ordenes/xdg-open"
+export PATH=$trabajo/ordenes:$PATH
 export QUORVEX_HOJA_CALCULO=${QUORVEX_HOJA_CALCULO:-/bin/true}
 anote_lo_que_hay
 

@@ -51,7 +51,7 @@ void MenuBotones::keyPressEvent(QKeyEvent* evento) {
         const auto n = opciones.size(), desde = opciones.indexOf(focusWidget());
         for (qsizetype i = 1; i <= n; ++i)
             if (QPushButton* b = opciones[(desde + i) % n];
-                b->isEnabled() && b->text().startsWith(letra, Qt::CaseInsensitive))
+                b->isEnabled() && b->text().remove('&').startsWith(letra, Qt::CaseInsensitive))
                 return b->setFocus(Qt::ShortcutFocusReason);
     }
     Pantalla::keyPressEvent(evento);
