@@ -235,13 +235,12 @@ public:
             return;
         }
         QProxyStyle::drawPrimitive(elemento, opcion, pintor, widget);
-        // Fusion saca los bordes del fondo: en oscuro no se verían. Y el de un marco lo pierde a
-        // escalas como 150 %.
+        // Fusion saca los bordes del fondo: en oscuro no se verían, y en claro una casilla vacía
+        // tampoco. Y el de un marco lo pierde a escalas como 150 %.
         const bool de_lista =
             elemento == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
-        if (elemento == PE_Frame ||
-            (oscuro_ && (elemento == PE_FrameLineEdit || elemento == PE_IndicatorCheckBox ||
-                         elemento == PE_IndicatorRadioButton)))
+        if (elemento == PE_Frame || elemento == PE_IndicatorCheckBox ||
+            elemento == PE_IndicatorRadioButton || (oscuro_ && elemento == PE_FrameLineEdit))
             borde(pintor, opcion->rect, opcion->palette,
                   elemento == PE_IndicatorRadioButton ? opcion->rect.width() / 2 : 2);
         if (elemento == PE_FrameLineEdit && opcion->state.testFlag(State_HasFocus))
