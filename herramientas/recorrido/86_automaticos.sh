@@ -21,7 +21,7 @@ escriba TEC1
 teclas Tab
 escriba "A registro tecleado"
 teclas Tab
-escriba "Comprobante g"
+escriba "Factura de c"
 teclas F8
 foto conceptos_para_escoger
 teclas ctrl+Home Return
@@ -39,7 +39,7 @@ teclas Escape Escape Escape
 quede "el comprobante del registro" "select d.cuen_cod || ' ' ||
     cast(d.code_debito as numeric(18,2)) || ' ' || cast(d.code_credito as numeric(18,2))
     from comprobante_detalle d join comprobante_encabezado e on e.enco_consec = d.enco_consec
-    where e.enco_concepto = 'Registro tecleado' and e.tico_cod = 'CG' order by d.code_item" <<FIN
+    where e.enco_concepto = 'Registro tecleado' and e.tico_cod = 'FC' order by d.code_item" <<FIN
 530595 25000.00 0.00
 110505 0.00 25000.00
 FIN

@@ -1,7 +1,8 @@
 # Una plantilla y una planilla de digitación, creadas, corregidas y borradas.
 teclas alt+p Return F6
+# De un tipo con un solo prefijo: no se pasa por él.
 for cual in tecleada "que sobra"; do
-    escriba "Comprobante g"
+    escriba "Factura de c"
     teclas Tab
     escriba "Plantilla $cual"
     teclas Tab
@@ -13,12 +14,12 @@ for cual in tecleada "que sobra"; do
     teclas F2
     foto plantilla_grabada
 done
-teclas Escape ctrl+Home Down
+teclas Escape ctrl+Home Down Down
 foto plantillas
 teclas F3
 foto plantilla_por_borrar
 teclas s
-teclas ctrl+Home F4
+teclas ctrl+Home Down F4
 foto plantilla_por_corregir
 teclas Escape Escape Down Return
 for cual in tecleada "que sobra"; do
