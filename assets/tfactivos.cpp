@@ -28,6 +28,7 @@ Tfactivos::Tfactivos()
     a.texto("ACFJ_MARCA", 60);
     a.bandera("ACFJ_ACTIVO");
     a.bandera("ACFJ_DEP");
+    rotulo_nuevo_ = "F5: Nuevo";
     arme({{"C&ódigo", "acfj_cod", true}, {"&Descripción", "acfj_desc"}}, {},
          {{"ACFJ_COD", "Código", 12},
           {"ACFJ_DESC", "Descripción", 36},

@@ -176,7 +176,7 @@ void Grafica::pinte_categorias(QPainter& p, const QRectF& l) const {
         return std::clamp(x_de(l, double(i)) - suyo / 2, l.left(),
                           std::max(l.left(), width() - suyo - 1));
     };
-    const double final = x_rotulo(lista.last()) - paso(0.5);
+    const double final = x_rotulo(lista.last()) - paso(1);
     double libre = 0;
     for (const qsizetype i : lista) {
         const double x = x_rotulo(i), fin = x + m.horizontalAdvance(categorias_[i]);

@@ -35,7 +35,7 @@ foto vista_del_registro
 teclas F2
 foto comprobante_del_registro
 teclas Escape Escape Escape
-# Solo en el libro 2649: el otro lo decide quien lo revisa.
+# El registro automático escribe en el libro 2649.
 quede "el comprobante del registro" "select d.cuen_cod || ' ' ||
     cast(d.code_debito as numeric(18,2)) || ' ' || cast(d.code_credito as numeric(18,2))
     from comprobante_detalle d join comprobante_encabezado e on e.enco_consec = d.enco_consec
