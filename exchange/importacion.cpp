@@ -156,11 +156,11 @@ bool Importacion::resuelto_antes(const RegistroLeido& registro) {
 
 void Importacion::detengase() {
     resultado_.cancelada = true;
+    if (resultado_.siguen_los_anteriores)
+        resultado_.grabados = 0;
     // Lo leído que no alcanzó a resolverse no se cuenta: lo toma la que siga.
     resultado_.leidos = resultado_.grabados + resultado_.rechazados.size() + resultado_.omitidos +
                         resultado_.de_antes;
-    if (resultado_.siguen_los_anteriores)
-        resultado_.grabados = 0;
 }
 
 void Importacion::avise_lo_que_quedo(const LectorRegistros& lector) {

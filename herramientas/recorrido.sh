@@ -86,6 +86,7 @@ done
 xdotool key --clearmodifiers ctrl+s
 for _ in $(seq 600); do kill -0 "$programa" 2>/dev/null || break; sleep 0.1; done
 kill -0 "$programa" 2>/dev/null && falle "El programa no cerró con Ctrl+S."
+wait "$programa" || falle "El programa terminó con $?."
 programa=
 estado=0
 # Las pantallas registradas que nadie abrió.

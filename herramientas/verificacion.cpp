@@ -67,7 +67,7 @@ void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos, Hallazg
             donde << QStringLiteral("comprobante ") + comprobante;
         if (!libro.isEmpty())
             donde << QStringLiteral("libro ") + libro;
-        Hallazgos& destino = causa == QLatin1String("descuadrado, como la compañía lo permite")
+        Hallazgos& destino = causa == QStringLiteral("descuadrado, como la compañía lo permite")
                                  ? permitidos
                                  : hallazgos;
         destino.agregue(causa + libro,

@@ -69,13 +69,21 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
 PanelFlotante::Falta PanelDocumento::lo_que_falta(const Campos& campos) const {
     if (lineas_.IsEmpty())
         return {};
-    if (EAplica && lineas_.FieldByName(campos.tipo_aplica).entero() != 0 &&
+    // Lo que ya traía así, de otro día o de una importación, no retiene a quien pasa por ella.
+    const auto tocado = [this](const char* campo) {
+        for (const auto& [nombre, valor] : antes_)
+            if (nombre == QLatin1String(campo))
+                return lineas_.FieldByName(nombre).valor() != valor;
+        return true;
+    };
+    if (EAplica && (tocado(campos.tipo_aplica) || tocado(campos.aplica)) &&
+        lineas_.FieldByName(campos.tipo_aplica).entero() != 0 &&
         lineas_.FieldByName(campos.aplica).texto().trimmed().isEmpty())
         return {EAplica, QStringLiteral("\"Aplica a\" tiene un tipo y le falta el número del "
                                         "documento. Digítelo o borre el tipo con Supr.")};
     const QString vence = lineas_.FieldByName("DOCO_VENCE").texto();
     const int ano = vence.left(4).toInt();
-    if (!vence.isEmpty() && (ano < kPrimerAno || ano > kUltimoAno))
+    if (!vence.isEmpty() && tocado("DOCO_VENCE") && (ano < kPrimerAno || ano > kUltimoAno))
         return {DateTimePicker1,
                 QStringLiteral("El documento no puede vencer en el año %1: va de %2 a %3.")
                     .arg(vence.left(4))

@@ -21,8 +21,20 @@ void PanelFlotante::foco_cambiado(const QWidget* antes, const QWidget* ahora) {
         proteja([this] { OnEnter(); });
     if (!estaba || esta || !isVisible() || ahora->window() != window())
         return;
-    if (falta && falta().caja)
-        QMetaObject::invokeMethod(this, &PanelFlotante::deje, Qt::QueuedConnection);
+    // Se pregunta ya, que quien lo deja puede pasar a otra línea.
+    if (const Falta f = falta ? falta() : Falta(); f.caja)
+        QMetaObject::invokeMethod(
+            this, [this, texto = f.texto] { reclame(texto); }, Qt::QueuedConnection);
+    else
+        oculte();
+}
+
+void PanelFlotante::reclame(const QString& texto) {
+    if (!isVisible())
+        return;
+    muestre_mensaje(texto);
+    if (const Falta sigue = falta(); sigue.caja)
+        sigue.caja->setFocus();
     else
         oculte();
 }

@@ -42,6 +42,7 @@ protected:
 private:
     void foco_cambiado(const QWidget* antes, const QWidget* ahora);
     bool diga_lo_que_falta();
+    void reclame(const QString& texto);
     QWidget* pantalla_;
     QWidget* base_ = nullptr;
 };

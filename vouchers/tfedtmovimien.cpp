@@ -365,8 +365,8 @@ void Tfedtmovimien::SBGrabarClick() {
         return;
     }
     if (replica_detenida)
-        advierta_de_pantalla("El libro NIIF está bloqueado a la fecha del comprobante: sus "
-                             "líneas quedaron como estaban.");
+        fdm().mostrar_advertencia("El libro NIIF está bloqueado a la fecha del comprobante: sus "
+                                  "líneas quedaron como estaban.");
     imprima_comprobante(QString::number(r.id));
     cierre();
 }
