@@ -5,6 +5,10 @@
 
 #include <QMenu>
 
+namespace {
+const QString kVacia = QStringLiteral("No hay comprobantes con esas condiciones.");
+} // namespace
+
 Tfbuscomproba::Tfbuscomproba()
     : BusquedaPorTipo("Tfbuscomproba", "Búsqueda de comprobantes", fdmcnt().QComproba,
                       "CComproba") {
@@ -29,7 +33,7 @@ Tfbuscomproba::Tfbuscomproba()
                       "BitBtn1", true);
     filtros_->al_buscar = [this] {
         BitBtn1Click();
-        DBGridEh1->texto_vacio = "No hay comprobantes con esas condiciones.";
+        DBGridEh1->texto_vacio = kVacia;
         if (const QString numero = filtros_->numero_como_se_graba(); !numero.isEmpty())
             DBGridEh1->texto_vacio += " El número se busca como está grabado: " + numero + '.';
         if (hay_fila())
@@ -45,6 +49,7 @@ Tfbuscomproba::Tfbuscomproba()
                         "BuscCompro", Rejilla::VistaPreliminar);
     DBGridEh1->orden_local = true;
     DBGridEh1->setProperty("sin_consultar", "Escoja las condiciones y oprima Buscar.");
+    DBGridEh1->texto_vacio = kVacia;
     DBGridEh1->OnDblClick = [this](int) { SpeedButton2Click(); };
     DBGridEh1->OnReturn = [this] { SpeedButton2Click(); };
     ofrezca_copias(*this, {DBGridEh1->findChild<QMenu*>("menu_rejilla")}, [this] {
