@@ -97,18 +97,10 @@ void Tfdm::ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const Err
     } else {
         mensaje = mensaje_no_manejada(error);
     }
-    QString dicho;
-    if (barra_) {
-        dicho = barra_->text();
+    if (barra_)
         aviso_de_pantalla(*barra_);
-    }
     QApplication::beep();
     muestre_error(mensaje);
-    // Contestado el mensaje, la barra dice lo que entiende quien la mira.
-    if (error.para_usuario() == texto)
-        return;
-    cambie_aviso(barra_, dicho, dicho == texto ? error.para_usuario() : "Advertencia: " + mensaje);
-    cambie_aviso(barra_, texto, error.para_usuario()); // el crudo, que va antes en la historia
 }
 
 void Tfdm::ManejarClientError(ConjuntoDatos& conjunto, const ErrorDatos& error) {
