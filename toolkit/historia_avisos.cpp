@@ -54,12 +54,6 @@ bool HistoriaAvisos::retire(qint64 cual) {
     return true;
 }
 
-void HistoriaAvisos::cambie(const QString& antes, const QString& ahora) {
-    for (Aviso& a : avisos_)
-        if (a.texto == antes)
-            a.texto = ahora;
-}
-
 QString HistoriaAvisos::edad(const Aviso& aviso) const {
     const qint64 minutos = aviso.cuando.secsTo(reloj().ahora()) / 60;
     if (minutos < 1)
@@ -166,16 +160,4 @@ void retire_aviso(AvisosBarra* barra, const QString& texto) {
 
 void retire_advertencia(AvisosBarra* barra, const QString& texto) {
     retire_aviso(barra, QStringLiteral("Advertencia: ") + texto);
-}
-
-void cambie_aviso(AvisosBarra* barra, const QString& antes, const QString& ahora) {
-    HistoriaAvisos* historia = HistoriaAvisos::de(barra);
-    if (!historia)
-        return;
-    historia->cambie(antes, ahora);
-    if (barra->text() == antes) {
-        barra->setText(ahora); // es el mismo aviso, no otro
-        barra->setToolTip(ahora);
-    }
-    barra->update(); // en reposo también lo muestra
 }

@@ -24,8 +24,6 @@ public:
     /// Ese aviso, si es el último, ya no se muestra en reposo; en la historia sigue. Falso si no lo
     /// es.
     bool retire(qint64 cual);
-    /// Los que digan lo uno quedan diciendo lo otro.
-    void cambie(const QString& antes, const QString& ahora);
     /// Con qué se nombra al último después; 0 si ninguno.
     qint64 ultimo() const { return dichos_; }
     const QVector<Aviso>& avisos() const { return avisos_; }
@@ -57,5 +55,3 @@ void retire_aviso(AvisosBarra* barra, qint64 cual);
 void retire_aviso(AvisosBarra* barra, const QString& texto);
 /// El de `mostrar_advertencia`, por el texto que se le dio.
 void retire_advertencia(AvisosBarra* barra, const QString& texto);
-/// Donde la barra y su historia digan `antes`, desde ya dicen `ahora`.
-void cambie_aviso(AvisosBarra* barra, const QString& antes, const QString& ahora);
