@@ -144,9 +144,9 @@ QString Tfdmcnt::compone_fecha_admin(const QString& dia) const {
 // ---------------------------------------------------------------- cuentas
 
 bool Tfdmcnt::valide_cuenta(const QString& cuenta, Libro libro) {
-    if (cuenta.trimmed().isEmpty())
-        return false; // solo espacios: no hay cuenta que crear
-    const auto rechazo = revise_cuenta(fdm().Quorvex, libro, cuenta);
+    // Unos espacios no son una cuenta que se pueda crear: valen lo que ninguna.
+    const auto rechazo = revise_cuenta(fdm().Quorvex, libro,
+                                       cuenta.trimmed().isEmpty() ? QString() : cuenta);
     if (!rechazo)
         return true;
     if (rechazo->oferta == Oferta::CrearCuenta) {

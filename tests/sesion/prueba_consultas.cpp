@@ -133,6 +133,7 @@ private slots:
             {"111005011", "El código de cuenta% está incompleto o demasiado largo.", "Aceptar",
              false},
             {"", "El código de cuenta% está incompleto o demasiado largo.", "Aceptar", false},
+            {"      ", "El código de cuenta% está incompleto o demasiado largo.", "Aceptar", false},
             {"1110", "La cuenta% es de nivel inferior al mínimo afectable.", "Aceptar", false},
             {"1", "La cuenta% es de nivel inferior al mínimo afectable.", "Aceptar", false},
             {"110505", "La cuenta% indicada tiene auxiliares definidos.", "Aceptar", false},

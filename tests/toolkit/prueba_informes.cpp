@@ -242,7 +242,7 @@ private slots:
                 for (const char* t :
                      {"Confi&gurar", "&Copias", "in&tercalar", "&Duplex", "Destino del reporte ",
                       "&Impresora", "&Vista preliminar", "&Archivo", "&Formato:", "A&ll", "&Pages",
-                      "F&rom", "t&o", "&Selection", "OK", "Cancelar"})
+                      "F&rom", "t&o", "&Selection", "O&K", "Ca&ncelar"})
                     QVERIFY2(textos.contains(t), t);
                 w->findChild<QRadioButton*>("a_impresora")->click();
                 w->findChild<QRadioButton*>("paginas")->click();
