@@ -145,8 +145,8 @@ QString Tfdmcnt::compone_fecha_admin(const QString& dia) const {
 
 bool Tfdmcnt::valide_cuenta(const QString& cuenta, Libro libro) {
     // Unos espacios no son una cuenta que se pueda crear: valen lo que ninguna.
-    const auto rechazo = revise_cuenta(fdm().Quorvex, libro,
-                                       cuenta.trimmed().isEmpty() ? QString() : cuenta);
+    const auto rechazo =
+        revise_cuenta(fdm().Quorvex, libro, cuenta.trimmed().isEmpty() ? QString() : cuenta);
     if (!rechazo)
         return true;
     if (rechazo->oferta == Oferta::CrearCuenta) {
