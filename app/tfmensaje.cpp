@@ -5,7 +5,7 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/controles/listadato.h"
-#include "toolkit/controles/memodato.h"
+#include "toolkit/controles/texto_de_fila.h"
 #include "toolkit/division_fluida.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -93,6 +93,7 @@ void Tfmensaje::construya() {
                          {"MENSAJE", "Mensaje", 40},
                          {"LEIDO", "Leído", 6, Casilla}});
     DBGridEh2->texto_vacio = "Sin mensajes con este usuario.";
+    EMensaje = new TextoDeFila(Chistomens, "MENSAJE", "EMensaje", "Mensaje señalado", 2);
     MENS_MENSAJE = new MemoDato(&CMensajes, "MENS_MENSAJE");
     MENS_MENSAJE->setObjectName("MENS_MENSAJE");
     MENS_MENSAJE->setTabChangesFocus(true);
@@ -108,7 +109,7 @@ void Tfmensaje::construya() {
     barra->boton("PngSpeedButton2", "Esc:Cancela", "window-close", Qt::Key_Escape,
                  [this] { close(); });
     Formulario f(this);
-    f.ancha(division, 1);
+    f.ancha(division, 1).ancha(EMensaje, 0);
     f.fila("&Mensaje", MENS_MENSAJE);
     f.fila("&Prioridad", MENS_NIVEL);
     f.botones(barra);

@@ -8,6 +8,7 @@ class ListaDato;
 class MemoDato;
 class QTimer;
 class Rejilla;
+class TextoDeFila;
 
 class Tfmensaje : public Pantalla {
     Q_OBJECT
@@ -33,6 +34,7 @@ public:
 
     // --- controles
     Rejilla *DBGridEh1, *DBGridEh2; ///< usuarios e historia
+    TextoDeFila* EMensaje;          ///< el de la historia
     MemoDato* MENS_MENSAJE;
     ListaDato* MENS_NIVEL;
     QTimer* Timer1;

@@ -2,6 +2,7 @@
 
 #include "exchange/pch.h"
 #include "toolkit/aviso_salida.h"
+#include "toolkit/controles/texto_de_fila.h"
 #include "toolkit/exportacion/archivo_salida.h"
 #include "toolkit/pida_archivo.h"
 
@@ -25,11 +26,12 @@ Tfrechazosimp::Tfrechazosimp() : Pantalla("Tfrechazosimp", "Renglones rechazados
     DBGridEh1->texto_vacio = "No hay renglones rechazados.";
     DBGridEh1->menu_emergente(
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    ERazon = new TextoDeFila(CRechazos, "RAZON", "ERazon", "Razón", 3);
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SBGrabar", "F2:Grabar archivo", "document-save", Qt::Key_F2,
                                   [this] { SBGrabarClick(); }));
     barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
-    Formulario(this).ancha(DBGridEh1, 1).botones(barra);
+    Formulario(this).ancha(DBGridEh1, 1).ancha(ERazon, 0).botones(barra);
     tamano(900, 460);
 }
 

@@ -6,6 +6,7 @@
 #include "toolkit/pantalla.h"
 
 class Rejilla;
+class TextoDeFila;
 
 class Tfrechazosimp : public Pantalla {
     Q_OBJECT
@@ -14,6 +15,7 @@ public:
 
     ConjuntoDatos CRechazos{this, "CRechazos"}; ///< en memoria
     Rejilla* DBGridEh1;
+    TextoDeFila* ERazon;
 
     void FormCreate() override;
 

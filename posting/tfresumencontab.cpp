@@ -1,24 +1,24 @@
 #include "posting/tfresumencontab.h"
 
+#include "datos/concuerde.h"
 #include "posting/pch.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/controles/texto_de_fila.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
-
-#include <QPlainTextEdit>
 
 namespace {
 
 /// En el orden en que se listan: lo que pide hacer algo va primero.
 struct DatosDesenlace {
     Desenlace desenlace;
-    const char *nombre, *cuenta;
+    const char *nombre, *uno, *varios;
 };
 const DatosDesenlace kDesenlaces[] = {
-    {Desenlace::Fallo, "Falló", "con falla"},
-    {Desenlace::EnEspera, "En espera", "en espera"},
-    {Desenlace::Contabilizado, "Contabilizado", "contabilizados"},
+    {Desenlace::Fallo, "Falló", "%1 con falla", "%1 con falla"},
+    {Desenlace::EnEspera, "En espera", "%1 en espera", "%1 en espera"},
+    {Desenlace::Contabilizado, "Contabilizado", "%1 contabilizado", "%1 contabilizados"},
 };
 
 } // namespace
@@ -31,9 +31,6 @@ Tfresumencontab::Tfresumencontab() : Pantalla("Tfresumencontab", "Resumen de la 
     CResumen.fecha("FECHA");
     CResumen.texto("MOTIVO", 4000);
     CResumen.entero("CUAL");
-    CResumen.AfterScroll = [this] {
-        EMotivo->setPlainText(CResumen.FieldByName("MOTIVO").texto());
-    };
     ECuenta = new QLabel;
     ECuenta->setObjectName("ECuenta");
     DBGridEh1 = new Rejilla(this, &CResumen);
@@ -52,12 +49,7 @@ Tfresumencontab::Tfresumencontab() : Pantalla("Tfresumencontab", "Resumen de la 
     DBGridEh1->texto_vacio = "El lote no tenía documentos.";
     DBGridEh1->OnDblClick = [this](int) { BitBtn1Click(); };
     DBGridEh1->OnReturn = [this] { BitBtn1Click(); };
-    EMotivo = new QPlainTextEdit;
-    EMotivo->setObjectName("EMotivo");
-    EMotivo->setAccessibleName("Motivo");
-    EMotivo->setReadOnly(true);
-    EMotivo->setTabChangesFocus(true);
-    EMotivo->setFixedHeight(paso(9));
+    EMotivo = new TextoDeFila(CResumen, "MOTIVO", "EMotivo", "Motivo", 4);
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("BitBtn1", "F2:Ir al documento", "go-jump", Qt::Key_F2,
                                   [this] { BitBtn1Click(); }));
@@ -72,12 +64,10 @@ void Tfresumencontab::FormCreate() {
     const AbreResumen pedido = peticion<AbreResumen>();
     QStringList cuentas;
     for (const DatosDesenlace& d : kDesenlaces)
-        cuentas.prepend(QStringLiteral("%1 %2")
-                            .arg(std::count_if(pedido.resultados.begin(), pedido.resultados.end(),
-                                               [&d](const ResultadoDocumento& r) {
-                                                   return r.desenlace == d.desenlace;
-                                               }))
-                            .arg(QString::fromUtf8(d.cuenta)));
+        cuentas.prepend(concuerde(
+            std::count_if(pedido.resultados.begin(), pedido.resultados.end(),
+                          [&d](const ResultadoDocumento& r) { return r.desenlace == d.desenlace; }),
+            d.uno, d.varios));
     if (pedido.sin_empezar > 0)
         cuentas << QStringLiteral("%1 sin empezar").arg(pedido.sin_empezar);
     ECuenta->setText(cuentas.join(", ") + '.');

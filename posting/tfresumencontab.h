@@ -7,8 +7,8 @@
 #include "toolkit/pantalla.h"
 
 class QLabel;
-class QPlainTextEdit;
 class Rejilla;
+class TextoDeFila;
 
 struct AbreResumen {
     using Respuesta = int; ///< posición del escogido en `resultados`
@@ -25,7 +25,7 @@ public:
     ConjuntoDatos CResumen{this, "CResumen"};
     Rejilla* DBGridEh1;
     QLabel* ECuenta;
-    QPlainTextEdit* EMotivo; ///< el motivo entero de la fila actual
+    TextoDeFila* EMotivo;
 
 private:
     void BitBtn1Click(); ///< Ir al documento

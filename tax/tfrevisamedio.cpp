@@ -5,6 +5,7 @@
 #include "tax/esquema.h"
 #include "tax/revision_medio.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/controles/texto_de_fila.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -63,6 +64,8 @@ Tfrevisamedio::Tfrevisamedio() : Pantalla("Tfrevisamedio", "Revisión del medio 
                          {"NIT", "NIT", 14},
                          {"NOMBRE", "Nombre", 34},
                          {"CAUSA", "Qué le pasa", 56}});
+    ECausa = new TextoDeFila(*CProblemas, "CAUSA", "ECausa", "Qué le pasa", 2);
+    DBGridEh1->parentWidget()->layout()->addWidget(ECausa);
     DBGridEh1->texto_vacio = "Nada por corregir.";
     DBGridEh1->nombre_archivo = "PorCorregir";
     DBGridEh1->OnReturn = [this] { SBTerceroClick(); };

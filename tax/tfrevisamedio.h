@@ -9,6 +9,7 @@
 
 class QLabel;
 class Rejilla;
+class TextoDeFila;
 
 struct MedioRevisado {
     int formato = 0; ///< MEDM_FORMATO
@@ -33,6 +34,7 @@ public:
     ConjuntoDatos *CProblemas, *CCuadre;
     Rejilla *DBGridEh1, *DBGridEh2;
     QLabel* LResumen;
+    TextoDeFila* ECausa;
 
     void FormCreate() override;
     void FormActivate() override;

@@ -6,6 +6,7 @@
 #include "app/ventanaavisos.h"
 #include "app/vigiamensajes.h"
 #include "fallas/contador.h"
+#include "toolkit/controles/texto_de_fila.h"
 
 namespace {
 
@@ -121,8 +122,10 @@ void PruebaMensajes::la_historia_es_la_del_usuario_senalado() {
     QVERIFY(p->CUsermens.Locate("USUARIO", {"AUXILIAR"}));
     QCOMPARE(valores_de(p->Chistomens, "MENSAJE"), QStringList({"dos", "uno"}));
     QCOMPARE(valores_de(p->Chistomens, "EOS"), QStringList({"S", "E"}));
+    p->Chistomens.Next();
+    QCOMPARE(p->EMensaje->toPlainText(), "uno");
     QVERIFY(p->CUsermens.Locate("USUARIO", {"ADMIN"}));
-    QVERIFY(p->Chistomens.IsEmpty());
+    QVERIFY(p->Chistomens.IsEmpty() && p->EMensaje->isHidden());
 }
 
 void PruebaMensajes::uno_vacio_no_se_envia_y_esc_no_deja_nada() {

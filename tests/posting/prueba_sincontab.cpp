@@ -5,6 +5,7 @@
 #include "posting/tfpreginterfaz.h"
 #include "posting/tfresumencontab.h"
 #include "posting/tfsincontab.h"
+#include "toolkit/controles/texto_de_fila.h"
 #include "vouchers/registro.h"
 #include "vouchers/tfcontabiliza.h"
 

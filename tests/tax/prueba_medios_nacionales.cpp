@@ -11,6 +11,7 @@
 #include "tax/tfmediosmagbog.h"
 #include "tax/tfrevisamedio.h"
 #include "toolkit/avance_trabajo.h"
+#include "toolkit/controles/texto_de_fila.h"
 
 namespace {
 
@@ -359,6 +360,7 @@ void PruebaMediosNacionales::
     QVERIFY(r && r->CProblemas->Locate("NIT;CAUSA",
                                        {"800456789", "El dígito de verificación no es el del NIT: "
                                                      "es 1."}));
+    QCOMPARE(r->ECausa->toPlainText(), r->CProblemas->FieldByName("CAUSA").texto());
     // Salir deja todo como estaba.
     oprima(Qt::Key_Escape);
     agote_eventos();
