@@ -42,13 +42,15 @@ int falta_texto(QWidget* control) {
     });
 }
 
+constexpr const char* kReserva = "reserva_en_flujo";
+
 /// Lo que un nombre solo cede a otro de su renglón: por ello no sigue en otro.
 int holgura(QWidget* control) {
     return suma_cajas(control, [](const QLineEdit& caja, int minimo) {
         const int letras = area_estrecha() ? 8 : 12;
-        return caja.isReadOnly()
-                   ? qMax(0, caja.fontMetrics().horizontalAdvance('0') * letras - minimo)
-                   : 0;
+        return caja.isReadOnly() ? qMax(caja.property(kReserva).toInt(),
+                                        caja.fontMetrics().horizontalAdvance('0') * letras - minimo)
+                                 : 0;
     });
 }
 
@@ -111,6 +113,10 @@ QWidget* con_rotulo(const QString& texto, QWidget* control) {
 DisposicionFlujo::DisposicionFlujo(QWidget* dueno, int espacio) : QLayout(dueno) {
     setContentsMargins(0, 0, 0, 0);
     setSpacing(espacio);
+}
+
+void DisposicionFlujo::reserve(QLineEdit& caja, int ancho) {
+    caja.setProperty(kReserva, ancho);
 }
 
 DisposicionFlujo::~DisposicionFlujo() {

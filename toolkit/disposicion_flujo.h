@@ -32,6 +32,8 @@ public:
     QLayoutItem* takeAt(int i) override;
     Qt::Orientations expandingDirections() const override { return {}; }
     bool hasHeightForWidth() const override { return true; }
+    /// Sitio que la caja guarda en su renglón y presta a las demás mientras calla.
+    static void reserve(QLineEdit& caja, int ancho);
     /// No pasa del ancho máximo de su dueño.
     int heightForWidth(int ancho) const override;
     void setGeometry(const QRect& marco) override;

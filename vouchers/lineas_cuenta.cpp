@@ -38,15 +38,18 @@ QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
 }
 
 namespace {
-/// Un saldo que no dice nada le da su ancho al nombre: entre los dos siempre piden lo mismo.
-void ceda_si_calla(EditorNumero* saldo, QWidget* nombre) {
+/// Un saldo que no dice nada le da su ancho al nombre, y si también calla, a los de su renglón:
+/// para saber dónde sigue otro renglón siempre piden lo mismo.
+void ceda_si_calla(EditorNumero* saldo, QLineEdit* nombre) {
     const auto reparta = [saldo, nombre, minimo = nombre->minimumWidth()] {
         const int lleno = saldo->sizeHint().width();
-        const int suyo = saldo->text().isEmpty() ? lleno / 3 : lleno;
+        const int suyo = saldo->text().isEmpty() ? lleno / 3 : lleno, da = lleno - suyo;
         saldo->setFixedWidth(suyo);
-        nombre->setMinimumWidth(minimo + lleno - suyo);
+        DisposicionFlujo::reserve(*nombre, nombre->text().isEmpty() ? da : 0);
+        nombre->setMinimumWidth(minimo + (nombre->text().isEmpty() ? 0 : da));
     };
-    QObject::connect(saldo, &QLineEdit::textChanged, nombre, reparta);
+    for (QLineEdit* caja : {static_cast<QLineEdit*>(saldo), nombre})
+        QObject::connect(caja, &QLineEdit::textChanged, nombre, reparta);
     reparta();
 }
 } // namespace
@@ -59,13 +62,13 @@ void LineasCuenta::disponga_pie(Formulario& f, EditorNumero* saldo_cuenta,
     auto* pie = new QWidget;
     auto* flujo = new DisposicionFlujo(pie, paso(0.5));
     const auto ponga = [&](const char* titulo, std::initializer_list<QWidget*> cajas,
-                           EditorNumero* saldo = nullptr) {
+                           EditorNumero* saldo = nullptr, QLineEdit* nombre = nullptr) {
         QWidget* grupo = Formulario::junto(cajas);
         auto* fila = static_cast<QHBoxLayout*>(grupo->layout());
         fila->insertWidget(0, rotulo(titulo, *cajas.begin()));
         if (saldo) {
             fila->insertWidget(int(cajas.size()) + 1, saldo);
-            ceda_si_calla(saldo, *cajas.begin());
+            ceda_si_calla(saldo, nombre);
         }
         flujo->addWidget(grupo);
     };
@@ -75,9 +78,9 @@ void LineasCuenta::disponga_pie(Formulario& f, EditorNumero* saldo_cuenta,
     ponga("Créditos", {SumCred});
     ponga("Diferencia", {LabDiferencia});
     flujo->parta();
-    ponga("Cuenta", {NomCuenta}, saldo_cuenta);
-    ponga("Tercero", {NomTerc}, saldo_tercero);
-    ponga("Proyecto", {NomProy, NomCent}, saldo_centro);
+    ponga("Cuenta", {NomCuenta}, saldo_cuenta, NomCuenta);
+    ponga("Tercero", {NomTerc}, saldo_tercero, NomTerc);
+    ponga("Proyecto", {NomProy, NomCent}, saldo_centro, NomProy);
     f.ancha(pie, 0);
     for (EditorNumero* saldo : {saldo_cuenta, saldo_tercero, saldo_centro})
         if (saldo)

@@ -120,6 +120,11 @@ private slots:
             QCOMPARE(pie(), nada);
             p->PageControl1->setCurrentIndex(1 - pagina);
         }
+        // Un nombre largo toma el sitio de los que callan.
+        const LineasLibro& l = p->lineas_a_la_vista();
+        l.NomCuenta->setText(QString(70, 'm'));
+        agote_eventos();
+        QCOMPARE(l.NomTerc->width(), l.NomCent->width());
     }
 
     void un_porcentaje_de_mas_de_cien_se_pregunta() {
