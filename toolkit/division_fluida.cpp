@@ -107,17 +107,24 @@ void DivisionFluida::acomode() {
         preste();
 }
 
-int DivisionFluida::falta(const QWidget& parte) const {
+int DivisionFluida::falta(const QWidget& parte, bool con_titulos) const {
     int falta = 0;
     for (const Rejilla* r : rejillas_de(parte))
-        falta = qMax(falta, anchos_de(*r).lo_que_falta(false));
+        falta = qMax(falta, anchos_de(*r).lo_que_falta(con_titulos));
     return falta;
 }
 
 void DivisionFluida::preste() {
+    // Primero lo que las dos dicen; si les alcanza, los títulos en un renglón.
+    if (!preste(false))
+        preste(true);
+}
+
+bool DivisionFluida::preste(bool con_titulos) {
+    const auto falta = [&](const QWidget& parte) { return this->falta(parte, con_titulos); };
     const int faltas[] = {falta(*widget(0)), falta(*widget(1))};
     if ((faltas[0] > 0) == (faltas[1] > 0))
-        return;
+        return faltas[0] > 0;
     const int pide = faltas[0] > 0 ? 0 : 1, da = 1 - pide;
     const auto pase = [&](int ancho) {
         QList<int> partes = sizes();
@@ -127,4 +134,5 @@ void DivisionFluida::preste() {
     };
     pase(faltas[pide]);
     pase(-falta(*widget(da))); // lo que la otra sí necesitaba
+    return true;
 }

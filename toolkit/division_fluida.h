@@ -19,8 +19,10 @@ private:
     /// El ancho con que una parte muestra todas sus columnas.
     int pide(const QWidget& parte) const;
     /// Lo que a una parte le falta para que también sus nombres se lean enteros.
-    int falta(const QWidget& parte) const;
+    int falta(const QWidget& parte, bool con_titulos) const;
     void preste();
+    /// Falso si a ninguna le falta nada.
+    bool preste(bool con_titulos);
 
     bool arrastrada_ = false, acomodando_ = false, siguiendo_ = false;
 };

@@ -179,6 +179,22 @@ private slots:
         QCOMPARE(p.rejilla->columnWidth(p.Concepto), concepto + 400);
     }
 
+    void con_lo_que_falta_ningun_titulo_se_parte() {
+        // El sitio que la celda vacía guarda para digitar va antes que los títulos, y también
+        // falta.
+        RejillaDePrueba p(1);
+        p.rejilla->columnas({{"CUEN_COD", "Código", 6},
+                             {"CONC_COD", "Método", 20},
+                             {"CODE_DESCONTABLE", "Se descuenta todo", 5, Casilla}});
+        auto& titulos = static_cast<EncabezadoRejilla&>(*p.rejilla->horizontalHeader());
+        p.ventana.resize(200, 300);
+        for (int i = 0; i < 4; ++i) {
+            QCoreApplication::processEvents();
+            p.ventana.resize(p.ventana.width() + titulos.anchos().lo_que_falta(), 300);
+        }
+        QVERIFY(!titulos.titulo_partido(2).contains('\n'));
+    }
+
     void el_reparto_se_asienta_a_cualquier_tamano() {
         // Ni a lo ancho ni a lo alto hay un tamaño en que las barras se persigan.
         RejillaDePrueba p(3);

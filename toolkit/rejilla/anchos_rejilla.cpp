@@ -536,9 +536,14 @@ int AnchosRejilla::ancho_disponible() const {
 int AnchosRejilla::lo_que_falta(bool con_titulos) const {
     const Cesiones c(pedidos_);
     int total = 0;
+    bool partido = false; // los títulos van en un renglón después del sitio en que se digita
+    for (qsizetype i = 0; con_titulos && i < pedidos_.size(); ++i)
+        partido =
+            partido || (!pedidos_[i].fijo && pedidos_[i].seguido > c.anchos[i] + c.reserva[i]);
     for (qsizetype i = 0; i < pedidos_.size(); ++i) {
         const PedidoAncho& p = pedidos_[i];
-        const int minimo = c.anchos[i] - (con_titulos ? 0 : c.titulo_vacia[i]);
+        const int minimo =
+            c.anchos[i] + (partido ? c.reserva[i] : 0) - (con_titulos ? 0 : c.titulo_vacia[i]);
         total += qMax(minimo, qMax(con_titulos && !p.fijo ? p.seguido : 0, p.entero));
     }
     return qMax(0, total - ancho_disponible());
