@@ -8,6 +8,7 @@
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/nombrado.h"
+#include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/sin_grabar.h"
 
 namespace {
@@ -78,6 +79,12 @@ void FormaActivo::defina_campos() {
     CCentros.texto("ACCE_PROY", 4).etiqueta("Proyecto");
     CCentros.texto("ACCE_CENTRO", 4).etiqueta("Centro");
     CCentros.decimal("ACCE_PORC", 4).tasa().formato("#,##0.00##").etiqueta("Porcentaje");
+    CCentros.calculado("NomCentro", ClaseCampo::Texto, 60);
+    CCentros.OnCalcFields = [this] {
+        CCentros.FieldByName("NomCentro") =
+            nombre_de_centro(fdm().Quorvex, CCentros.FieldByName("ACCE_PROY").texto(),
+                             CCentros.FieldByName("ACCE_CENTRO").texto());
+    };
     for (const char* columna : {"ACCE_PROY", "ACCE_CENTRO"})
         CCentros.FieldByName(columna).OnChange = [this](Campo&) { centro_cambiado(); };
     CCentros.AfterInsert = [this] {
@@ -241,6 +248,11 @@ QWidget* FormaActivo::pagina_centros() {
     DBGridEh1->columnas({{"ACCE_PROY", "Proyecto", 10},
                          {"ACCE_CENTRO", "Centro", 10},
                          {"ACCE_PORC", "Porcentaje", 14, Suma}});
+    ofrezca_centros(*DBGridEh1, "ACCE_PROY", "ACCE_CENTRO");
+    static_cast<DelegadoCelda*>(DBGridEh1->itemDelegate())
+        ->acompane(DBGridEh1->columna_de("ACCE_CENTRO"), [this](int fila) {
+            return CCentros.valor_en(fila, CCentros.FieldByName("NomCentro")).texto();
+        });
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->pie(true);
     DBGridEh1->texto_vacio = "El gasto no se reparte. Insert agrega el primer centro.";

@@ -28,7 +28,7 @@ Tfvalactivo::Tfvalactivo() : FormaProceso(valoracion(), SinArmar{}) {
     EDocumento = caja_que_muestra("EDocumento", 40);
     EDocumento->setPlaceholderText("F8 agrega el documento de soporte");
     arme();
-    tamano(860, 460);
+    tamano(900, 460);
 }
 
 QWidget* Tfvalactivo::importe(const char* columna, const char* nombre) {
@@ -51,6 +51,15 @@ void Tfvalactivo::bajo_el_encabezado(Formulario& f) {
     f.fila("Activo",
            en_flujo({ECodigo, con_rotulo("Valor en libros", lectura("ACFV_VALOR", "EValor"))},
                     paso()));
+    // Sus cajas quedan una debajo de la otra.
+    const auto segunda = [ancho = QLabel("Deterioro/Superavit:").sizeHint().width()](
+                             const QString& texto, QWidget* caja) {
+        QWidget* conjunto = con_rotulo(texto, caja);
+        auto* rotulo = conjunto->findChild<QLabel*>();
+        rotulo->setMinimumWidth(ancho);
+        rotulo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        return conjunto;
+    };
     // La operación se lee seguida aunque la resta y su resultado pasen a otro renglón.
     const bool caben_juntos = area_de_ventanas().width() >= paso(85);
     const auto operacion = [&](QWidget* valor, QWidget* costo, QWidget* resultado,
@@ -62,15 +71,15 @@ void Tfvalactivo::bajo_el_encabezado(Formulario& f) {
     };
     f.fila("Valor en Uso = Valor uso producción:",
            operacion(importe("ACFV_VRUSO", "EVrUso"),
-                     con_rotulo("- Costo uso", importe("ACFJ_CSUSO", "ECsUso")),
+                     segunda("- Costo uso", importe("ACFJ_CSUSO", "ECsUso")),
                      lectura("VrUso", "EUso"), "Valor en uso"));
     f.fila("Valor Razonable = Precio de venta:",
            operacion(importe("ACFV_PRVENTA", "EPrVenta"),
-                     con_rotulo("- Costo venta", importe("ACFV_CSVENTA", "ECsVenta")),
+                     segunda("- Costo venta", importe("ACFV_CSVENTA", "ECsVenta")),
                      lectura("VrRazon", "ERazon"), "Valor razonable"));
     f.fila("Valor recuperable:",
            en_flujo({lectura("ACFV_VRRECUP", "EVrRecup"),
-                     con_rotulo("Deterioro/Superavit", lectura("ACFV_DIFER", "EDifer"))},
+                     segunda("Deterioro/Superavit", lectura("ACFV_DIFER", "EDifer"))},
                     paso()));
     f.fila("Observaciones", observaciones);
     f.fila("Documento", EDocumento);

@@ -84,7 +84,7 @@ void FichaCuenta::arme_ficha() {
             CCuentasCUEN_EQNIIFChange();
         };
         auto* escoger = new QToolButton(this);
-        escoger->setText("...");
+        escoger->setText("…");
         escoger->setToolTip("Escoger del plan NIIF");
         escoger->setAccessibleName("Escoger la cuenta NIIF equivalente");
         connect(escoger, &QToolButton::clicked, this, [this] { ejecute(ECtaAjus->OnDblClick); });
@@ -92,9 +92,11 @@ void FichaCuenta::arme_ficha() {
         NomCtaniif->setObjectName("NomCtaniif");
         NomCtaniif->setWordWrap(true);
         NomCtaniif->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-        forma.fila("Cuenta NII&F equivalente", Formulario::junto({ECtaAjus, escoger, NomCtaniif}));
+        // Suelta, su rótulo correría los campos de arriba.
+        forma.grupo("Equivalencia y norma")
+            .fila("Cuenta NII&F equivalente", Formulario::junto({ECtaAjus, escoger, NomCtaniif}));
     }
-    forma.fila("Nor&ma", ENorma);
+    forma.fila("Nor&ma", ENorma).fin_grupo();
     if (plan(libro_).con_auditoria) {
         LabAudit = new QLabel(this);
         LabAudit->setObjectName("LabAudit");

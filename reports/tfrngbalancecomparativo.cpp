@@ -6,7 +6,7 @@
 
 namespace {
 const DatosRango kDatos{"Tfrngbalancecomparativo",
-                        "Compara dos períodos",
+                        "Compara dos periodos",
                         {382, 298},
                         "balances.rav",
                         "RBalancecomparativo",

@@ -4,6 +4,8 @@
 #include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/estilo.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/pch.h"
 #include "vouchers/peticiones_planilla.h"
@@ -123,10 +125,11 @@ void FormaPlanilla::construya() {
     Centro->setAccessibleName("Centro");
     formulario_ = std::make_unique<Formulario>(this);
     formulario_->fila("&Descripción:", ENombre)
-        .fila({{"T&ipo", LTipo}, {"&Prefijo", LPref}})
+        .fila("T&ipo", en_flujo({LTipo, con_rotulo("&Prefijo", LPref)}, paso()))
         .fila("&Concepto:", editor("PLDI_CONC", "EConcepto"))
-        .fila({{"", casilla("Preguntar &fecha completa", "PLDI_MES", "ckFecha")},
-               {"", casilla("Concepto por ite&m", "PLDI_CONCITE", "ckConcepto")}})
+        .fila("", en_flujo({casilla("Preguntar &fecha completa", "PLDI_MES", "ckFecha"),
+                            casilla("Concepto por ite&m", "PLDI_CONCITE", "ckConcepto")},
+                           paso(2)))
         .fila({{"", ckTerc}, {"Tercero", fila_tercero_}})
         .fila({{"", ckCentro}, {"Centro de costo", fila_centro_}})
         .ancha(DBGridEh1)

@@ -175,7 +175,7 @@ void PantallaLineas::construya_panel_articulo(const char* nombre_descripcion) {
     EArticod->setReadOnly(true);
     EArticod->installEventFilter(this);
     descripcion_articulo = caja_de_lectura(nombre_descripcion, 40);
-    auto* buscar = nombrado(new QPushButton("..."), "SpeedButton6");
+    auto* buscar = nombrado(new QPushButton("…"), "SpeedButton6");
     buscar->setAccessibleName("Buscar artículo o activo");
     auto* continuar2 = nombrado(new QPushButton("Continuar"), "SpeedButton3");
     Formulario f2(GroupBox2);

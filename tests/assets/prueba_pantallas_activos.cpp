@@ -168,6 +168,7 @@ private slots:
         digite_celdas({"0001", "0001", "60"});
         enfoque(s.p, "DBGridEh1", 0);
         digite_celdas({"0001", "0002", "40"});
+        QCOMPARE(valores_de(forma->CCentros, "NomCentro").join('|'), "");
         forma->CCentros.Append();
         forma->CCentros.FieldByName("ACCE_PORC") = "5";
         s.i.espere("Debe indicar el proyecto del centro al que se reparte.");
@@ -422,6 +423,11 @@ private slots:
         s.base.ejecute({orden_depreciacion("20170131", "N")});
         s.abra("Tfvalactivo", AbreActivo{QString("EQ1")});
         QCOMPARE(s.caja("EValor"), "1,200.00"); // el primero de enero
+        const auto donde = [&](const char* caja) {
+            return componente<QWidget>(s.p, caja).mapTo(s.p, QPoint()).x();
+        };
+        QCOMPARE(donde("ECsUso"), donde("ECsVenta"));
+        QCOMPARE(donde("ECsUso"), donde("EDifer"));
         s.tipo();
         s.escriba("EPrVenta", "1000");
         QCOMPARE(s.caja("EDifer"), "-200.00");

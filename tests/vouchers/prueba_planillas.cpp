@@ -91,6 +91,9 @@ private slots:
         enfoque(p, "LTipo");
         digite("Comprobante", Qt::Key_Tab);
         QVERIFY(!componente<QWidget>(p, "LPref").isEnabled());
+        const auto &tipo = componente<QWidget>(p, "LTipo"), &pref = componente<QWidget>(p, "LPref");
+        QVERIFY(pref.mapTo(p, QPoint()).x() - tipo.mapTo(p, QPoint(tipo.width(), 0)).x() <
+                paso(12)); // juntos
         QVERIFY(!componente<QWidget>(p, "Nit").isVisible());
         pulse(p, "ckTerc");
         QVERIFY(componente<QWidget>(p, "Nit").isVisible());
