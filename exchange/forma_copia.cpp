@@ -1,5 +1,6 @@
 #include "exchange/forma_copia.h"
 
+#include "datos/concuerde.h"
 #include "exchange/pch.h"
 
 #include <QScopeGuard>
@@ -32,6 +33,9 @@ FormaCopia::FormaCopia(const QString& clase, const QString& titulo) : Pantalla(c
     ProgressBar1 = new QProgressBar;
     ProgressBar1->setObjectName("ProgressBar1");
     ProgressBar1->hide();
+    QSizePolicy guarda = ProgressBar1->sizePolicy(); // al salir no aplasta las cajas
+    guarda.setRetainSizeWhenHidden(true);
+    ProgressBar1->setSizePolicy(guarda);
     for (const auto& [codigo, nombre] : {std::pair{Compania1, Nombre1}, {Compania2, Nombre2}})
         connect(codigo, &QLineEdit::editingFinished, this,
                 [this, codigo = codigo, nombre = nombre] {
@@ -131,11 +135,11 @@ void FormaCopia::SpeedButton1Click() {
     }
     if (!r)
         return;
-    QString texto =
-        QStringLiteral("Se copiaron %1; %2 no se tocaron.").arg(r->copiados).arg(r->omitidos);
+    QString texto = concuerde(r->copiados, "Se copió %1; ", "Se copiaron %1; ") +
+                    concuerde(r->omitidos, "%1 no se tocó.", "%1 no se tocaron.");
     if (!r->fallas.isEmpty())
-        texto += QStringLiteral(" No entraron %1; la lista completa está en ERRORES.TXT:\n")
-                     .arg(r->fallas.size()) +
+        texto += concuerde(r->fallas.size(), " No entró %1", " No entraron %1") +
+                 "; la lista completa está en ERRORES.TXT:\n" +
                  r->fallas.mid(0, kMuestra).join('\n');
     for (const QString& falla : std::as_const(r->fallas))
         fdm().registre_en_archivo(windowTitle() + ": " + falla);

@@ -1,5 +1,7 @@
 #include "exchange/mantenimiento.h"
 
+#include "datos/concuerde.h"
+
 namespace {
 
 constexpr int kDiferenciasPorPaso = 20000;
@@ -47,11 +49,8 @@ QString con_libro(const char* procedimiento, Libro libro) {
 } // namespace
 
 QString CifrasMantenimiento::cuantos() const {
-    return QStringLiteral("%1 %2 de %3 %4")
-        .arg(renglones)
-        .arg(renglones == 1 ? "renglón" : "renglones")
-        .arg(comprobantes)
-        .arg(comprobantes == 1 ? "comprobante" : "comprobantes");
+    return concuerde(renglones, "%1 renglón de ", "%1 renglones de ") +
+           concuerde(comprobantes, "%1 comprobante", "%1 comprobantes");
 }
 
 CifrasMantenimiento reemplace_cuenta(Conexion& conexion, Libro libro, const QString& origen,

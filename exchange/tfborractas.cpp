@@ -1,5 +1,6 @@
 #include "exchange/tfborractas.h"
 
+#include "datos/concuerde.h"
 #include "exchange/pch.h"
 #include "libro/catalogos.h"
 #include "toolkit/barraestado.h"
@@ -63,12 +64,12 @@ bool Tfborractas::corra() {
         return CifrasMantenimiento();
     });
     if (!r.detenida.isEmpty()) {
-        const QString texto = QStringLiteral("Se borraron %1 cuentas. No se pudo borrar la %2: %3")
-                                  .arg(r.borradas)
-                                  .arg(r.detenida, r.razon);
+        const QString texto =
+            concuerde(r.borradas, "Se borró %1 cuenta.", "Se borraron %1 cuentas.") +
+            " No se pudo borrar la " + r.detenida + ": " + r.razon;
         fdm().registre_en_archivo(windowTitle() + ": " + texto);
         muestre_mensaje(texto);
     } else if (AvisosBarra* barra = fdm().barra())
-        barra->texto(windowTitle() + ": " + (r.borradas == 1 ? "1 cuenta" : cuantas + " cuentas"));
+        barra->texto(windowTitle() + ": " + concuerde(r.borradas, "%1 cuenta", "%1 cuentas"));
     return r.detenida.isEmpty();
 }

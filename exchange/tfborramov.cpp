@@ -1,5 +1,6 @@
 #include "exchange/tfborramov.h"
 
+#include "datos/concuerde.h"
 #include "exchange/pch.h"
 #include "toolkit/controles/lista_tecleo.h"
 
@@ -64,14 +65,14 @@ bool Tfborramov::corra() {
     };
     const CifrasMantenimiento c = llame(Paso::Cifras);
     QString pregunta = "Se borrarán " + c.cuantos() +
-                       (c.borrados == 1 ? "; 1 se va entero."
-                                        : QStringLiteral("; %1 se van enteros.").arg(c.borrados));
+                       concuerde(c.borrados, "; %1 se va entero.", "; %1 se van enteros.");
     if (c.ajenos > 0)
-        pregunta += QStringLiteral(" %1 los generaron otros módulos, y sus documentos quedarán sin "
-                                   "contabilizar.")
-                        .arg(c.ajenos);
+        pregunta += concuerde(
+            c.ajenos, " %1 lo generó otro módulo, y su documento quedará sin contabilizar.",
+            " %1 los generaron otros módulos, y sus documentos quedarán sin contabilizar.");
     if (c.descuadrados > 0)
-        pregunta += QStringLiteral(" %1 quedarán descuadrados.").arg(c.descuadrados);
+        pregunta +=
+            concuerde(c.descuadrados, " %1 quedará descuadrado.", " %1 quedarán descuadrados.");
     if (!confirme(c, pregunta + " Desea continuar?"))
         return false;
     trabaje("Borrando movimientos ...", [&] { return llame(Paso::Haga); });

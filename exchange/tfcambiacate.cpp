@@ -1,5 +1,6 @@
 #include "exchange/tfcambiacate.h"
 
+#include "datos/concuerde.h"
 #include "exchange/pch.h"
 
 Tfcambiacate::Tfcambiacate() : FormaMantenimiento("Tfcambiacate", "Cambiar detalle cuenta") {
@@ -51,9 +52,10 @@ bool Tfcambiacate::corra() {
         exige << c->text() + (c->isChecked() ? ": sí" : ": no");
     pregunta += " Exigirá " + exige.join(", ") + '.';
     if (cifras.incompletos > 0)
-        pregunta += QStringLiteral(" %1 quedarán sin el dato que la cuenta va a exigir, y la "
-                                   "verificación los señalará.")
-                        .arg(cifras.incompletos);
+        pregunta += concuerde(
+            cifras.incompletos,
+            " %1 quedará sin el dato que la cuenta va a exigir, y la verificación lo señalará.",
+            " %1 quedarán sin el dato que la cuenta va a exigir, y la verificación los señalará.");
     if (!confirme(cifras, pregunta + " Desea continuar?"))
         return false;
     trabaje("Cambiando el detalle de la cuenta. Espere un momento...",

@@ -1,5 +1,6 @@
 #include "exchange/tfchequeosaldos.h"
 
+#include "datos/concuerde.h"
 #include "exchange/pch.h"
 #include "toolkit/controles/fecha_contable.h"
 
@@ -105,10 +106,11 @@ void Tfchequeosaldos::cuente(const QVector<SaldoCorregido>& corregidos,
                                        " quedan como estaban"
                                  : QStringLiteral("Recálculo terminado");
     if (AvisosBarra* barra = fdm().barra())
-        barra->texto(windowTitle() + (!corregidos.isEmpty()
-                                          ? QStringLiteral(": %1 corregidos").arg(corregidos.size())
-                                      : detenido ? QStringLiteral(": detenido")
-                                                 : QStringLiteral(": todos estaban bien")));
+        barra->texto(windowTitle() +
+                     (!corregidos.isEmpty()
+                          ? concuerde(corregidos.size(), ": %1 corregido", ": %1 corregidos")
+                      : detenido ? QStringLiteral(": detenido")
+                                 : QStringLiteral(": todos estaban bien")));
     if (corregidos.isEmpty()) {
         muestre_mensaje(fin + (detenido ? "." : ": todos los saldos estaban bien."));
         return;
@@ -118,7 +120,8 @@ void Tfchequeosaldos::cuente(const QVector<SaldoCorregido>& corregidos,
         lineas << descripcion(s);
     if (corregidos.size() > kMuestra)
         lineas << QStringLiteral("y %1 más.").arg(corregidos.size() - kMuestra);
-    muestre_mensaje(fin + (detenido ? "; en el otro" : ":") +
-                    QStringLiteral(" se corrigieron %1 saldos.\n").arg(corregidos.size()) +
-                    lineas.join('\n'));
+    muestre_mensaje(
+        fin + (detenido ? "; en el otro" : ":") +
+        concuerde(corregidos.size(), " se corrigió %1 saldo.\n", " se corrigieron %1 saldos.\n") +
+        lineas.join('\n'));
 }

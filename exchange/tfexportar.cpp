@@ -1,5 +1,6 @@
 #include "exchange/tfexportar.h"
 
+#include "datos/concuerde.h"
 #include "datos/firebird/reloj.h"
 #include "exchange/pch.h"
 #include "toolkit/controles/fecha_contable.h"
@@ -43,7 +44,7 @@ void Tfexportar::construya() {
     LDestino = lista("LDestino", {"SIIGO", "WEB GERENCIAL", "CSV", "ISIS"});
     ckfcontado = new QCheckBox("Omitir facturas de contado");
     ckfcontado->setObjectName("ckfcontado");
-    auto* examinar = new QPushButton("E&xaminar");
+    auto* examinar = new QPushButton("E&xaminar…");
     examinar->setObjectName("Examinar");
     connect(examinar, &QPushButton::clicked, this,
             [this] { proteja([this] { ExaminarClick(); }); });
@@ -132,7 +133,7 @@ void Tfexportar::SpeedButton1Click() {
         return;
     const ResultadoExportacion r = exporte_movimientos(fdm().Quorvex, *p);
     if (AvisosBarra* barra = fdm().barra())
-        barra->texto(QStringLiteral("Exportados %1 registros").arg(r.registros));
+        barra->texto(concuerde(r.registros, "Exportado %1 registro", "Exportados %1 registros"));
     const QString sin_tercero =
         r.sin_tercero == 0 ? QString()
                            : QStringLiteral("\nLíneas sin tercero, que este formato no lleva: %1.")

@@ -1,4 +1,5 @@
 // Crear, actualizar, respaldar, restaurar, verificar y compactar bases.
+#include "datos/concuerde.h"
 #include "datos/firebird/reloj.h"
 #include "datos/firebird/servicios.h"
 #include "herramientas/administracion.h"
@@ -238,13 +239,12 @@ void crear_demo(const Sesion& s) {
         for (const char* usuario : {"ADMIN", "AUXILIAR"})
             cree_usuario_servidor(general, QLatin1String(usuario),
                                   a.exija(QStringLiteral("clave-usuario")));
-    diga(QStringLiteral("Compañía %1 con %2 comprobantes, %3 renglones 2649 y %4 NIIF, y %5"
-                        " documentos sin contabilizar.")
-             .arg(d.codigo)
-             .arg(r.comprobantes)
-             .arg(r.renglones)
-             .arg(r.renglones_niif)
-             .arg(r.documentos));
+    diga(QStringLiteral("Compañía %1 con %2, %3 y %4 NIIF, y %5.")
+             .arg(d.codigo, concuerde(r.comprobantes, "%1 comprobante", "%1 comprobantes"),
+                  concuerde(r.renglones, "%1 renglón 2649", "%1 renglones 2649"),
+                  QString::number(r.renglones_niif),
+                  concuerde(r.documentos, "%1 documento sin contabilizar",
+                            "%1 documentos sin contabilizar")));
 }
 
 /// Lo que el motor anota de una tabla que se está creando (sus páginas, sus formatos) no es de
@@ -316,7 +316,7 @@ void restaurar(const Sesion& s) {
         s.argumentos().tiene(QStringLiteral("general")) ? TipoBase::General : TipoBase::Compania;
     const auto r =
         restaure_en_lugar(s.argumentos().exija(QStringLiteral("archivo")), base_pedida(s), tipo);
-    diga(QStringLiteral("Base restaurada: %1 filas.").arg(r.filas));
+    diga(concuerde(r.filas, "Base restaurada: %1 fila.", "Base restaurada: %1 filas."));
 }
 
 /// Entra a una compañía que esté al día.
@@ -344,8 +344,7 @@ void verificar(const Sesion& s) {
         fallas += int(hallazgos.size());
     }
     if (fallas > 0)
-        throw ErrorDatos(fallas == 1 ? QStringLiteral("Se halló una cosa mal.")
-                                     : QStringLiteral("Se hallaron %1 cosas mal.").arg(fallas));
+        throw ErrorDatos(concuerde(fallas, "Se halló una cosa mal.", "Se hallaron %1 cosas mal."));
 }
 
 void recalcular(const Sesion& s) {
@@ -364,9 +363,9 @@ void compactar(const Sesion& s) {
     for (const QString& codigo : s.codigos()) {
         Conexion conexion;
         entre(conexion, s, codigo);
-        diga(QStringLiteral("Compañía %1: %2 diferencias de saldo compactadas.")
-                 .arg(codigo)
-                 .arg(compacte_saldos(conexion)));
+        diga("Compañía " + codigo + ": " +
+             concuerde(compacte_saldos(conexion), "%1 diferencia de saldo compactada.",
+                       "%1 diferencias de saldo compactadas."));
         actualice_estadisticas(conexion);
     }
 }

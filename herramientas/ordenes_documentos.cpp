@@ -1,4 +1,5 @@
 // Cargar y listar documentos e interfaces contables donde no están los módulos hermanos.
+#include "datos/concuerde.h"
 #include "herramientas/documentos.h"
 #include "herramientas/factura_electronica.h"
 #include "herramientas/interfaces.h"
@@ -28,7 +29,8 @@ void documentos(const Sesion& s) {
     Conexion conexion;
     conexion.conectar(s.compania());
     if (!archivo.isEmpty()) {
-        diga(QStringLiteral("%1 documentos cargados.").arg(cargue_documentos(conexion, archivo)));
+        diga(concuerde(cargue_documentos(conexion, archivo), "%1 documento cargado.",
+                       "%1 documentos cargados."));
     } else if (!anular.isEmpty()) {
         anule_documento(conexion, anular, conexion.parametros().usuario);
         diga(QStringLiteral("Documento %1 anulado.").arg(anular));
@@ -55,7 +57,8 @@ void interfaz(const Sesion& s) {
     Conexion conexion;
     conexion.conectar(s.compania());
     if (const QString archivo = s.argumentos().valor(QStringLiteral("cargar")); !archivo.isEmpty())
-        diga(QStringLiteral("%1 interfaces cargadas.").arg(cargue_interfaces(conexion, archivo)));
+        diga(concuerde(cargue_interfaces(conexion, archivo), "%1 interfaz cargada.",
+                       "%1 interfaces cargadas."));
     else
         diga(liste_interfaces(conexion, s.argumentos().valor(QStringLiteral("familia")).toUpper()));
 }

@@ -1,4 +1,5 @@
 // Usuarios, permisos, configuración y línea de arranque.
+#include "datos/concuerde.h"
 #include "datos/firebird/claves.h"
 #include "herramientas/administracion.h"
 #include "herramientas/ordenes.h"
@@ -49,9 +50,8 @@ void otorgar(const Sesion& s, bool conceder) {
     Conexion compania;
     compania.conectar(s.compania());
     otorgue(compania, a.exija(QStringLiteral("codigo")), modulo, opciones, conceder);
-    diga((conceder ? QStringLiteral("Concedidas %1 opciones.")
-                   : QStringLiteral("Negadas %1 opciones."))
-             .arg(opciones.size()));
+    diga(conceder ? concuerde(opciones.size(), "Concedida %1 opción.", "Concedidas %1 opciones.")
+                  : concuerde(opciones.size(), "Negada %1 opción.", "Negadas %1 opciones."));
 }
 
 void conceder(const Sesion& s) {

@@ -1,5 +1,6 @@
 #include "libro/borrador.h"
 
+#include "datos/concuerde.h"
 #include "libro/columnas_comprobante.h"
 
 #include <QJsonArray>
@@ -103,11 +104,11 @@ QString hace_cuanto(const QDateTime& antes, const QDateTime& ahora) {
     if (minutos < 1)
         return QStringLiteral("hace un momento");
     const auto diga = [](qint64 n, const char* uno, const char* varios) {
-        return QStringLiteral("hace %1 %2").arg(n).arg(QString::fromUtf8(n == 1 ? uno : varios));
+        return "hace " + concuerde(n, uno, varios);
     };
     if (minutos < 60)
-        return diga(minutos, "minuto", "minutos");
+        return diga(minutos, "%1 minuto", "%1 minutos");
     if (minutos < 48 * 60)
-        return diga(minutos / 60, "hora", "horas");
-    return diga(minutos / (24 * 60), "día", "días");
+        return diga(minutos / 60, "%1 hora", "%1 horas");
+    return diga(minutos / (24 * 60), "%1 día", "%1 días");
 }

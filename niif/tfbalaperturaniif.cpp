@@ -1,6 +1,7 @@
 #include "niif/tfbalaperturaniif.h"
 
 #include "catalogues/grabe_y_anuncie.h"
+#include "datos/concuerde.h"
 #include "niif/apertura.h"
 #include "niif/paginas.h"
 #include "niif/pch.h"
@@ -232,8 +233,7 @@ void Tfbalaperturaniif::FormActivate() {
                         unica = c.toString();
             return QStringLiteral("quedaron sin grabar cambios de la apertura en %1. Desea "
                                   "retomarlos?")
-                .arg(cuentas.size() == 1 ? QStringLiteral("1 cuenta")
-                                         : QStringLiteral("%1 cuentas").arg(cuentas.size()));
+                .arg(concuerde(cuentas.size(), "%1 cuenta", "%1 cuentas"));
         }))
         retome_el_detalle(unica);
     borrador_->siga();
@@ -321,8 +321,9 @@ void Tfbalaperturaniif::cuente_lo_traido(const QString& ano, const QStringList& 
         muestre_mensaje("No hay saldos del año " + ano + " por traer.");
         return;
     }
-    QString texto = QStringLiteral("Se trajeron los saldos de %1 cuentas. Grábelos con F2.")
-                        .arg(CSaldos.RecordCount());
+    QString texto = concuerde(CSaldos.RecordCount(), "Se trajeron los saldos de %1 cuenta.",
+                              "Se trajeron los saldos de %1 cuentas.") +
+                    " Grábelos con F2.";
     if (!sin_equivalente.isEmpty())
         texto += QStringLiteral("\nSin cuenta NIIF equivalente, falta la línea que recibe el saldo "
                                 "de %1: %2%3")
@@ -479,10 +480,12 @@ void Tfbalaperturaniif::SBLlevarClick() {
         return;
     }
     if (!pregunte_con_no(
-            QStringLiteral("Se reemplazarán los %1 saldos iniciales NIIF que hay por los %2 de "
-                           "esta hoja: débitos %3, créditos %4. Desea continuar?")
-                .arg(cifras.value(3).entero())
-                .arg(cifras.value(0).entero())
+            concuerde(cifras.value(3).entero(),
+                      "Se reemplazará el único saldo inicial NIIF que hay",
+                      "Se reemplazarán los %1 saldos iniciales NIIF que hay") +
+            concuerde(cifras.value(0).entero(), " por el de esta hoja",
+                      " por los %1 de esta hoja") +
+            QStringLiteral(": débitos %1, créditos %2. Desea continuar?")
                 .arg(cifras.value(1).moneda().formateada(), cifras.value(2).moneda().formateada())))
         return;
     llame("S");

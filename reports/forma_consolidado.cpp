@@ -1,5 +1,6 @@
 #include "reports/forma_consolidado.h"
 
+#include "datos/concuerde.h"
 #include "sesion/instalacion.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
@@ -175,9 +176,8 @@ void FormaConsolidado::diga_lo_omitido(const QVector<std::pair<QString, Moneda>>
         fdm().mostrar_advertencia(
             QStringLiteral("Sin consolidar: %1 que solo tiene la compañía %2, con saldos por %3 al "
                            "débito y %4 al crédito.")
-                .arg(cuentas == 1 ? QStringLiteral("una cuenta")
-                                  : QStringLiteral("%1 cuentas").arg(cuentas),
-                     CodCia1->text().trimmed(), debito.formateada(), credito.formateada()));
+                .arg(concuerde(cuentas, "una cuenta", "%1 cuentas"), CodCia1->text().trimmed(),
+                     debito.formateada(), credito.formateada()));
 }
 
 void FormaConsolidado::ajuste_reporte(MotorInformes& motor, const QString& pagina) {

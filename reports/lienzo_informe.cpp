@@ -1,5 +1,6 @@
 #include "reports/lienzo_informe.h"
 
+#include "datos/concuerde.h"
 #include "datos/firebird/reloj.h"
 #include "libro/catalogos.h"
 #include "toolkit/estilo.h"
@@ -186,8 +187,7 @@ void LienzoInforme::paintEvent(QPaintEvent*) {
     if (const auto paginas = d_.CFormato.FieldByName("FOCO_PAGINAS").entero(); pagina_ > paginas)
         p.drawText(h, Qt::AlignHCenter | Qt::AlignBottom,
                    QStringLiteral("No se imprime: el informe tiene %1.")
-                       .arg(paginas == 1 ? QStringLiteral("una página")
-                                         : QStringLiteral("%1 páginas").arg(paginas)));
+                       .arg(concuerde(paginas, "una página", "%1 páginas")));
     const int fila = resaltado_ && resaltado_->Active() ? resaltado_->RecNo() : -1;
     if (fila < 0 || fila >= resaltado_->RecordCount() ||
         entero(*resaltado_, fila, "FOCD_PAGINA") != pagina_)

@@ -1,5 +1,6 @@
 #include "sesion/borrador_filas.h"
 
+#include "datos/concuerde.h"
 #include "datos/firebird/reloj.h"
 #include "datos/recordset/cambios_escritos.h"
 #include "libro/borrador.h"
@@ -112,8 +113,6 @@ bool BorradorFilas::ofrezca(const std::function<QString(const Huerfano&)>& frase
     if (distintas > 0)
         muestre_mensaje(QStringLiteral("Entre tanto otro grabó cambios en %1. Quedaron como usted "
                                        "los había dejado: revíselos antes de grabar.")
-                            .arg(distintas == 1
-                                     ? QStringLiteral("una de esas filas")
-                                     : QStringLiteral("%1 de esas filas").arg(distintas)));
+                            .arg(concuerde(distintas, "una de esas filas", "%1 de esas filas")));
     return true;
 }

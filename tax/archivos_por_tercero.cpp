@@ -1,5 +1,7 @@
 #include "tax/archivos_por_tercero.h"
 
+#include "datos/concuerde.h"
+
 #include <QRegularExpression>
 #include <QSet>
 
@@ -13,10 +15,12 @@ QString ResumenArchivos::texto(const QString& carpeta) const {
         renglones << "Cancelado antes de terminar.";
     if (!grabados && fallas.isEmpty() && !cancelado)
         return QStringLiteral("No hay datos que cumplan con los rangos indicados.");
-    renglones
-        << QStringLiteral("Se generaron %1 certificados en \"%2\".").arg(grabados).arg(carpeta);
+    renglones << concuerde(grabados, "Se generó %1 certificado en \"%2\".",
+                           "Se generaron %1 certificados en \"%2\".")
+                     .replace("%2", carpeta);
     if (!fallas.isEmpty())
-        renglones << QStringLiteral("No se pudieron generar %1:").arg(fallas.size())
+        renglones << concuerde(fallas.size(),
+                               "No se pudo generar %1:", "No se pudieron generar %1:")
                   << fallas.mid(0, kFallasALaVista);
     if (fallas.size() > kFallasALaVista)
         renglones << QStringLiteral("y %1 más.").arg(fallas.size() - kFallasALaVista);

@@ -1,6 +1,7 @@
 #include "tax/tfmediosmag.h"
 
 #include "catalogues/columnas_auxiliar.h"
+#include "datos/concuerde.h"
 #include "libro/fechas.h"
 #include "sesion/tfdm.h"
 #include "tax/medio_distrital.h"
@@ -80,7 +81,7 @@ void Tfmediosmag::arme() {
         connect(f, &QLineEdit::textChanged, this, suelte);
     auto* otra = new QToolButton(this);
     otra->setObjectName("SpeedButton1");
-    otra->setText("...");
+    otra->setText("…");
     otra->setAccessibleName("Escoger el archivo");
     connect(otra, &QToolButton::clicked, this, [this] {
         ejecute([this] {
@@ -175,10 +176,10 @@ void Tfmediosmag::SpeedButton3Click() {
     AvanceTrabajo avance(this, "Grabando " + ruta, CMedmagdata->RecordCount());
     const ResultadoMedio r =
         archivo_csv(*CMedmagdata, ruta, [&](qint64 hechos) { return avance.siga(hechos); });
-    fdm().mostrar_advertencia(r.cancelado
-                                  ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
-                                  : QStringLiteral("Se grabó %1, con %2 filas.")
-                                        .arg(ruta, QString::number(CMedmagdata->RecordCount())));
+    fdm().mostrar_advertencia(
+        r.cancelado ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
+                    : QStringLiteral("Se grabó %1, con %2.")
+                          .arg(ruta, concuerde(CMedmagdata->RecordCount(), "%1 fila", "%1 filas")));
 }
 
 void Tfmediosmag::SpeedButton2Click() {

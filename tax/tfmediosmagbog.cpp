@@ -1,5 +1,6 @@
 #include "tax/tfmediosmagbog.h"
 
+#include "datos/concuerde.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "sesion/instalacion.h"
 #include "sesion/peticiones.h"
@@ -316,8 +317,9 @@ void Tfmediosmagbog::SpeedButton3Click() {
     AvanceTrabajo avance(this, "Grabando " + ruta(), CMedmagdata->RecordCount());
     const ResultadoMedio r = escriba_articulo(articulo(), ano(), ruta(), filas,
                                               [&](qint64 hechos) { return avance.siga(hechos); });
-    fdm().mostrar_advertencia(r.cancelado
-                                  ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
-                                  : QStringLiteral("Se grabó %1, con %2 filas.")
-                                        .arg(ruta(), QString::number(CMedmagdata->RecordCount())));
+    fdm().mostrar_advertencia(
+        r.cancelado
+            ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
+            : QStringLiteral("Se grabó %1, con %2.")
+                  .arg(ruta(), concuerde(CMedmagdata->RecordCount(), "%1 fila", "%1 filas")));
 }

@@ -1,5 +1,7 @@
 #include "toolkit/aviso_salida.h"
 
+#include "datos/concuerde.h"
+
 #include <QDir>
 #include <QPrinter>
 
@@ -40,6 +42,5 @@ void avise_impreso(const QPrinter& impresora, int paginas) {
     const QString nombre = impresora.printerName();
     avise(QStringLiteral("Impreso en %1: %2")
               .arg(nombre.isEmpty() ? QStringLiteral("la impresora del sistema") : nombre,
-                   paginas == 1 ? QStringLiteral("una página")
-                                : QStringLiteral("%1 páginas").arg(paginas)));
+                   concuerde(paginas, "una página", "%1 páginas")));
 }

@@ -1,5 +1,6 @@
 #pragma once
 // Piezas pequeñas con que se arman las pantallas de comprobantes.
+#include "datos/concuerde.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/nombrado.h"
 
@@ -7,9 +8,7 @@
 #include <QLineEdit>
 
 inline QString cuantas_lineas(qsizetype lineas) {
-    return lineas == 0   ? QStringLiteral("sin líneas")
-           : lineas == 1 ? QStringLiteral("1 línea")
-                         : QStringLiteral("%1 líneas").arg(lineas);
+    return lineas == 0 ? QStringLiteral("sin líneas") : concuerde(lineas, "%1 línea", "%1 líneas");
 }
 
 /// La pregunta de quien deja un comprobante, o los saldos iniciales, con algo sin grabar.

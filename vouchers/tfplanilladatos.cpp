@@ -1,6 +1,7 @@
 #include "vouchers/tfplanilladatos.h"
 
 #include "catalogues/grabe_y_anuncie.h"
+#include "datos/concuerde.h"
 #include "libro/catalogos.h"
 #include "libro/numeracion.h"
 #include "libro/revision.h"
@@ -62,7 +63,7 @@ void Tfplanilladatos::construya() {
         .fila({{"Tipo", ETipo}, {"Período", Formulario::junto({EMes, EAno})}})
         .ancha(DBGridEh1)
         .botones(barra);
-    tamano(1100, 700);
+    tamano(720, 700); // de ahí crece con los datos de su planilla
 }
 
 // ---------------------------------------------------------------- creación
@@ -185,7 +186,7 @@ void Tfplanilladatos::FormActivate() {
     const bool retomada = borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
         const qsizetype n = h.cambios.first().size();
         return QStringLiteral("quedó esta planilla sin grabar, con %1. Desea retomarla?")
-            .arg(n == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(n));
+            .arg(concuerde(n, "%1 fila", "%1 filas"));
     });
     if (retomada)
         tome_periodo_de_las_filas();
@@ -364,11 +365,10 @@ void Tfplanilladatos::SBGrabarClick() {
             if (i % 20 == 0)
                 aviso.diga("Preparando los comprobantes...", int(i), int(todos.size()));
         }
-        aviso.diga(QString("Grabando %1 comprobantes...").arg(todos.size()));
-        fallas = grabe_y_anuncie(
-            CMovimiento, todos.size() == 1
-                             ? QStringLiteral("Grabado un comprobante")
-                             : QStringLiteral("Grabados %1 comprobantes").arg(todos.size()));
+        aviso.diga(
+            concuerde(todos.size(), "Grabando %1 comprobante...", "Grabando %1 comprobantes..."));
+        fallas = grabe_y_anuncie(CMovimiento, concuerde(todos.size(), "Grabado un comprobante",
+                                                        "Grabados %1 comprobantes"));
     }
     if (fallas == 0) {
         emit fdmcnt().balance_por_recalcular();

@@ -1,6 +1,7 @@
 #include "vouchers/tfsaldiniciales.h"
 
 #include "catalogues/grabe_y_anuncie.h"
+#include "datos/concuerde.h"
 #include "sesion/borrador_filas.h"
 #include "sesion/instalacion.h"
 #include "sesion/variables_informe.h"
@@ -177,11 +178,9 @@ void Tfsaldiniciales::FormActivate() {
         "saldos", {&CSaldos}, [this] { return hay_por_perder(); }, this);
     if (borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
             const qsizetype n = h.cambios.first().size();
-            return n == 1 ? QStringLiteral("quedó 1 línea de saldos iniciales sin grabar. Desea "
-                                           "retomarla?")
-                          : QStringLiteral("quedaron %1 líneas de saldos iniciales sin grabar. "
-                                           "Desea retomarlas?")
-                                .arg(n);
+            return concuerde(
+                n, "quedó %1 línea de saldos iniciales sin grabar. Desea retomarla?",
+                "quedaron %1 líneas de saldos iniciales sin grabar. Desea retomarlas?");
         })) {
         lineas->siga_los_items("SAIN_ITEM");
         lineas->muestre_linea();

@@ -127,7 +127,7 @@ void PruebaCopiaYRespaldo::las_cuentas_pasan_hasta_el_nivel_pedido() {
     for (const char* caja : {"Desde", "Hasta"})
         llene(p, caja, "110505");
     const QString falla = "110505: No existe la cuenta 1105, de nivel superior a la 110505.";
-    dice(Qt::Key_F2, "Se copiaron 0; 0 no se tocaron. No entraron 1; la lista completa está en "
+    dice(Qt::Key_F2, "Se copiaron 0; 0 no se tocaron. No entró 1; la lista completa está en "
                      "ERRORES.TXT:\n" +
                          falla);
     QFile errores(s_->base.ruta() + "/ERRORES.TXT");
@@ -191,7 +191,7 @@ void PruebaCopiaYRespaldo::los_terceros_que_ya_estan_no_cambian() {
     s_->base.base().ejecute("update terceros set terc_obs = 'Nota larga' where terc_nit = "
                             "'52345678'");
     abra("Tfcopiaterceros");
-    i_->espere_comienzo("Se copiaron 4; 1 no se tocaron.");
+    i_->espere_comienzo("Se copiaron 4; 1 no se tocó.");
     oprima(Qt::Key_F2);
     agote_eventos();
     QCOMPARE(otra_->consulte("select terc_nom from terceros where terc_nit = '900123456'").texto(),
@@ -209,6 +209,11 @@ void PruebaCopiaYRespaldo::las_dos_companias_deben_existir_y_ser_distintas() {
     llene(p, "Compania1", "001");
     llene(p, "Compania2", "001");
     dice(Qt::Key_F2, "Las dos compañías deben ser distintas.");
+    // El avance sale sin aplastar las cajas.
+    const int alto = componente<QLineEdit>(p, "Hasta").y();
+    componente<QProgressBar>(p, "ProgressBar1").show();
+    agote_eventos();
+    QCOMPARE(componente<QLineEdit>(p, "Hasta").y(), alto);
 }
 
 void PruebaCopiaYRespaldo::matar_una_copia_deja_filas_enteras_y_repetirla_la_completa_data() {

@@ -7,6 +7,7 @@
 #include "exchange/tfimportarinv3.h"
 #include "exchange/tfrechazosimp.h"
 #include "toolkit/avance_trabajo.h"
+#include "toolkit/controles/texto_de_fila.h"
 
 #include "apoyo/servidor_prueba.h"
 
@@ -95,7 +96,7 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
     QVERIFY(rechazos);
     QCOMPARE(s_->dato("select count(*) from comprobante_encabezado"), "0");
     QCOMPARE(valores_de(rechazos->CRechazos, "RENGLON"), QStringList("3"));
-    QCOMPARE(valores_de(rechazos->CRechazos, "RAZON"), QStringList("Comprobante descuadrado."));
+    QCOMPARE(rechazos->ERazon->toPlainText(), "Comprobante descuadrado.");
     siga(Qt::Key_Escape);
     QVERIFY(!QFile::exists(s_->base.ruta() + "/ERRIMPCN.TXT")); // un ensayo no anota
     i_->espere("Importación finalizada.");
@@ -333,8 +334,8 @@ const CasoHerramienta kHerramientas[] = {
      "=|Debe indicar el rango de fechas a borrar.;FecIni=20170101;FecFin=20160101;"
      "=|La fecha final debe ser mayor o igual que la inicial.;FecFin=20171231;NumIni=7;"
      "=|No hay comprobantes por borrar en ese rango.;NumIni=2",
-     "Se borrarán 2 renglones de 1 comprobante; 1 se va entero. 1 los generaron otros módulos, "
-     "y sus documentos quedarán sin contabilizar.",
+     "Se borrarán 2 renglones de 1 comprobante; 1 se va entero. 1 lo generó otro módulo, "
+     "y su documento quedará sin contabilizar.",
      "select list(enco_consec) from comprobante_encabezado", "1"},
     {"Tfborractas",
      "Edit1=9|No se encontró la cuenta inicial.;Edit1=5195;"
@@ -417,10 +418,10 @@ void PruebaPantallasIntercambio::el_recalculo_se_puede_detener_y_cuenta_lo_que_c
     QVERIFY(visto && escritorio()->abierta("Tfchequeosaldos"));
     QCOMPARE(barra_.text(), "Recálculo de saldos: detenido");
     QCOMPARE(saldos_distintos(s_->base.base()), mal);
-    i_->espere("Recálculo terminado: se corrigieron 1 saldos.\nCuenta 110505, Marzo de 2017: decía "
+    i_->espere("Recálculo terminado: se corrigió 1 saldo.\nCuenta 110505, Marzo de 2017: decía "
                "109.00 y 0.00; son 100.00 y 0.00");
     siga(Qt::Key_F5);
-    QCOMPARE(barra_.text(), "Recálculo de saldos: 1 corregidos");
+    QCOMPARE(barra_.text(), "Recálculo de saldos: 1 corregido");
     p = pantallas().abrir("Tfchequeosaldos");
     componente<QAbstractButton>(p, "ckniif").click();
     i_->espere("Recálculo terminado: todos los saldos estaban bien.");

@@ -126,7 +126,7 @@ private:
 void PruebaCargaDocumentos::una_interfaz_entra_se_reemplaza_y_se_lista_igual() {
     const auto primera = cargue("interfaz", QString::fromUtf8(kInterfaz));
     QCOMPARE(primera.errores, QString());
-    QCOMPARE(primera.salida, "1 interfaces cargadas.\n");
+    QCOMPARE(primera.salida, "1 interfaz cargada.\n");
     QCOMPARE(filas("select inve_id, tido_cod, pref_pre, inve_nombre, tico_cod, prco_pre, "
                    "inve_confirmar, inve_det from interfaz_ventas"),
              "7|31|FE|Ventas \"A\"|CG|0001|S|N");

@@ -518,9 +518,8 @@ void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
                       "apnd_reclcr) values ('360505', 1, '360505', 20)",
                       "insert into saldos_iniciales_niif (sain_item, cuen_cod, sain_debito) values "
                       "(1, '110505', 1)"});
-    const QString pregunta =
-        "Se reemplazarán los 1 saldos iniciales NIIF que hay por los 6 de esta "
-        "hoja: débitos 180.00, créditos 180.00. Desea continuar?";
+    const QString pregunta = "Se reemplazará el único saldo inicial NIIF que hay por los 6 de esta "
+                             "hoja: débitos 180.00, créditos 180.00. Desea continuar?";
     dice(Qt::Key_F12, pregunta, "No");
     QCOMPARE(s_->dato("select count(*) from saldos_iniciales_niif"), "1");
     i_->espere(pregunta, "Sí");

@@ -264,7 +264,7 @@ void PruebaCertificados::un_archivo_por_tercero_con_su_numero() {
     componente<QLineEdit>(p, "TerIni").setText("900123456");
     componente<QLineEdit>(p, "TerFin").setText("900123456");
     QVERIFY(QDir(carpeta.path()).remove("Certificado retencion en la fuente 900123456.PDF"));
-    dice(Qt::Key_F5, QString("Se generaron 1 certificados en \"%1\".").arg(carpeta.path()));
+    dice(Qt::Key_F5, QString("Se generó 1 certificado en \"%1\".").arg(carpeta.path()));
     QVERIFY(texto("Certificado retencion en la fuente 900123456.PDF").contains("No. 11"));
     // Los demás tipos llevan su nombre; sin retenciones no hay archivo.
     p->Ltipo->setCurrentIndex(1);
@@ -272,7 +272,7 @@ void PruebaCertificados::un_archivo_por_tercero_con_su_numero() {
     componente<QLineEdit>(p, "TerIni").setText("");
     componente<QLineEdit>(p, "TerFin").setText("");
     p->Lperiodo->setCurrentIndex(1);
-    dice(Qt::Key_F5, QString("Se generaron 1 certificados en \"%1\".").arg(carpeta.path()));
+    dice(Qt::Key_F5, QString("Se generó 1 certificado en \"%1\".").arg(carpeta.path()));
     const QString iva = texto("Certificado retencion de IVA 860002964.PDF");
     QVERIFY(iva.contains("190.00"));
     QVERIFY2(iva.contains("bimestre 2: Mar - Abr"), qPrintable(iva));
@@ -330,7 +330,7 @@ void PruebaCertificados::nombres_seguros_y_una_falla_no_detiene_a_los_demas() {
              (QStringList{"/x/C .._A.PDF 1", "/x/C ..-A.PDF 1", "/x/C __A.PDF 1", "/x/C 9.PDF 2"}));
     const ResumenArchivos r = corra(99);
     QCOMPARE(r.grabados, 3);
-    QCOMPARE(r.texto("/x"), "Se generaron 3 certificados en \"/x\".\nNo se pudieron "
+    QCOMPARE(r.texto("/x"), "Se generaron 3 certificados en \"/x\".\nNo se pudo "
                             "generar 1:\n..-A: disco lleno");
     QCOMPARE(corra(2).texto("/x"),
              "Cancelado antes de terminar.\nSe generaron 2 certificados en \"/x\".");

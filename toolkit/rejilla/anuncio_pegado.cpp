@@ -1,5 +1,6 @@
 #include "toolkit/rejilla/anuncio_pegado.h"
 
+#include "datos/concuerde.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
@@ -17,7 +18,7 @@
 namespace {
 
 QString filas(int n) {
-    return n == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(n);
+    return concuerde(n, "%1 fila", "%1 filas");
 }
 
 QString resumen(const AnuncioPegado& a) {

@@ -1,4 +1,5 @@
 // Filas marcadas y portapapeles.
+#include "datos/concuerde.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include "toolkit/controles/pegado_en_linea.h"
@@ -166,10 +167,8 @@ void Rejilla::borre_seleccion() {
                          r.right() >= columna_visible(cuenta_columnas() - 1, -1);
     if (enteras && tiene_seleccion() && permite_borrar) {
         const int cuantas = r.height();
-        if (!pregunte_con_no(
-                cuantas == 1
-                    ? QStringLiteral("Desea borrar la fila actual?")
-                    : QStringLiteral("Desea borrar las %1 filas seleccionadas?").arg(cuantas)))
+        if (!pregunte_con_no(concuerde(cuantas, "Desea borrar la fila actual?",
+                                       "Desea borrar las %1 filas seleccionadas?")))
             return;
         const int ultima = r.bottom();
         proteja([&] {
