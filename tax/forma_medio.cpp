@@ -29,7 +29,8 @@
 
 namespace {
 
-/// Un texto que se ve entero si hay alto, y si no cede hasta dos renglones y se desplaza.
+/// Un texto que se ve entero si hay alto o si tiene el foco; si no, cede hasta dos renglones y se
+/// desplaza.
 class TextoQueCede : public QScrollArea {
 public:
     TextoQueCede(const QString& texto, const QString& nombre) {
@@ -42,16 +43,28 @@ public:
         setAccessibleName(nombre);
         setFocusPolicy(Qt::NoFocus);
         connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int fin) {
-            setFocusPolicy(fin > 0 ? Qt::StrongFocus : Qt::NoFocus); // con las flechas se lee todo
+            setFocusPolicy(fin > 0 || hasFocus() ? Qt::StrongFocus : Qt::NoFocus);
         });
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     }
     QSize sizeHint() const override {
         return {paso(60), widget()->heightForWidth(viewport()->width())};
     }
-    QSize minimumSizeHint() const override { return {paso(20), 2 * fontMetrics().lineSpacing()}; }
+    QSize minimumSizeHint() const override {
+        const int dos = 2 * fontMetrics().lineSpacing();
+        return {paso(20),
+                hasFocus() ? qBound(dos, sizeHint().height(), window()->height() / 2) : dos};
+    }
 
 protected:
+    void focusInEvent(QFocusEvent* evento) override {
+        QScrollArea::focusInEvent(evento);
+        updateGeometry();
+    }
+    void focusOutEvent(QFocusEvent* evento) override {
+        QScrollArea::focusOutEvent(evento);
+        updateGeometry();
+    }
     void resizeEvent(QResizeEvent* evento) override {
         QScrollArea::resizeEvent(evento);
         if (evento->size().width() != evento->oldSize().width())

@@ -1,5 +1,7 @@
 #include "toolkit/disposicion_pares.h"
 
+#include "toolkit/estilo.h"
+
 #include <QScopedValueRollback>
 #include <QWidget>
 
@@ -81,7 +83,11 @@ int DisposicionPares::ancho_rotulo(const Par& par, int guia) const {
 }
 
 int DisposicionPares::primera_columna() const {
-    int guia = columnMinimumWidth(0);
+    return qMax(columnMinimumWidth(0), ancho_de_rotulos());
+}
+
+int DisposicionPares::ancho_de_rotulos() const {
+    int guia = 0;
     for (int f = 0; f < rowCount(); ++f)
         if (const QLayoutItem* otro = itemAtPosition(f, 0);
             otro && otro != itemAtPosition(f, 1) && !otro->isEmpty())
@@ -130,7 +136,8 @@ int DisposicionPares::alto_sin_columnas(int ancho, bool minimo) const {
     const QMargins m = contentsMargins();
     const QVector<Par> todos = pares();
     ancho -= m.left() + m.right();
-    return alto_de(renglones(todos, ancho, guia(todos, ancho)), minimo) + m.top() + m.bottom();
+    const int suya = guia(todos, ancho, primera_columna());
+    return alto_de(renglones(todos, ancho, suya), minimo) + m.top() + m.bottom();
 }
 
 int DisposicionPares::alto_de(const QVector<Renglon>& lista, bool minimo) const {
@@ -140,9 +147,25 @@ int DisposicionPares::alto_de(const QVector<Renglon>& lista, bool minimo) const 
     return alto;
 }
 
-int DisposicionPares::guia(const QVector<Par>& todos, int ancho) const {
+bool DisposicionPares::admite(int rotulos, int ancho) const {
+    const int suyos = ancho_de_rotulos(), primera = qMax(rotulos, suyos);
+    const int entera = ancho_en_columnas() - corrido();
+    if (entera <= ancho)
+        return entera + primera - suyos <= ancho;
+    const QVector<Par> todos = pares();
+    const QMargins m = contentsMargins();
+    ancho -= m.left() + m.right();
+    const auto alto = [&](int columna) {
+        return alto_de(renglones(todos, ancho, guia(todos, ancho, columna)), false);
+    };
+    return alto(primera) <= alto(suyos) &&
+           std::all_of(todos.begin(), todos.end(),
+                       [&](const Par& p) { return sitio(p, primera) <= ancho; });
+}
+
+int DisposicionPares::guia(const QVector<Par>& todos, int ancho, int primera) const {
     // Con otra guía pueden empezar renglón otros, que también se alinean.
-    for (int guia = primera_columna();;) {
+    for (int guia = primera;;) {
         int mayor = guia;
         for (const Renglon& r : renglones(todos, ancho, guia))
             mayor = qMax(mayor, ancho_rotulo(todos[r.desde], 0));
@@ -220,7 +243,7 @@ void DisposicionPares::setGeometry(const QRect& marco) {
     QLayout::setGeometry(marco);
     const QRect campo = marco.marginsRemoved(contentsMargins());
     const QVector<Par> todos = pares();
-    const int guia_suya = guia(todos, campo.width());
+    const int guia_suya = guia(todos, campo.width(), primera_columna());
     QVector<Renglon> lista = renglones(todos, campo.width(), guia_suya);
     int sobra = campo.height() - alto_de(lista, false);
     auto elasticos =
@@ -250,12 +273,19 @@ void DisposicionPares::setGeometry(const QRect& marco) {
 
 namespace {
 
+void corra(DisposicionPares& pares, int rotulos) {
+    if (pares.columnMinimumWidth(0) != rotulos)
+        pares.setColumnMinimumWidth(0, rotulos);
+}
+
 /// El ancho de un recuadro con que ninguna de sus filas se parte.
 int ancho_comodo(const QLayoutItem* item) {
     const QWidget* w = item->widget();
     const auto* pares = w ? dynamic_cast<const DisposicionPares*>(w->layout()) : nullptr;
     const int minimo = item->minimumSize().width();
-    return pares ? minimo + pares->ancho_en_columnas() - pares->minimumSize().width() : minimo;
+    return pares ? minimo + pares->ancho_en_columnas() - pares->minimumSize().width() -
+                       pares->corrido()
+                 : minimo;
 }
 
 } // namespace
@@ -324,7 +354,41 @@ int DisposicionBanda::minimumHeightForWidth(int ancho) const {
     return alto(ancho, alto_minimo);
 }
 
+bool DisposicionBanda::en_pila(int ancho) const {
+    const QVector<QLayoutItem*> items = a_la_vista();
+    return items.size() == 1 || anchos(items, ancho).isEmpty();
+}
+
+void DisposicionBanda::alinee_pilas(int ancho) const {
+    const auto* todo = qobject_cast<const QLayout*>(parent());
+    QVector<std::pair<DisposicionPares*, int>> pila; // y el ancho de cada una
+    int mayor = 0, menor = ancho;
+    for (int i = 0; todo && i < todo->count(); ++i) {
+        const auto* banda = dynamic_cast<const DisposicionBanda*>(todo->itemAt(i)->layout());
+        for (const QLayoutItem* item : banda ? banda->a_la_vista() : QVector<QLayoutItem*>()) {
+            const QMargins m = item->widget()->contentsMargins();
+            auto* pares = dynamic_cast<DisposicionPares*>(item->widget()->layout());
+            if (!pares || pares->ancho_de_rotulos() == 0)
+                continue;
+            if (!banda->en_pila(ancho)) {
+                corra(*pares, 0);
+                continue;
+            }
+            pila.append({pares, ancho - m.left() - m.right()});
+            mayor = qMax(mayor, pares->ancho_de_rotulos());
+            menor = qMin(menor, pares->ancho_de_rotulos());
+        }
+    }
+    const bool juntos =
+        mayor - menor <= paso(6) && std::all_of(pila.begin(), pila.end(), [mayor](const auto& p) {
+            return p.first->admite(mayor, p.second);
+        });
+    for (const auto& [pares, suyo] : pila)
+        corra(*pares, juntos ? mayor : 0);
+}
+
 void DisposicionBanda::setGeometry(const QRect& marco) {
+    alinee_pilas(marco.width());
     QLayout::setGeometry(marco);
     const QVector<QLayoutItem*> items = a_la_vista();
     const QVector<int> lista = anchos(items, marco.width());

@@ -18,6 +18,12 @@ public:
     int minimumHeightForWidth(int ancho) const override;
     void setGeometry(const QRect& marco) override;
     int ancho_en_columnas() const { return QGridLayout::minimumSize().width(); }
+    /// El mayor de los rótulos que empiezan fila.
+    int ancho_de_rotulos() const;
+    /// Lo que sus controles van más a la derecha por quedar con los de otro recuadro.
+    int corrido() const { return qMax(0, columnMinimumWidth(0) - ancho_de_rotulos()); }
+    /// Con los rótulos en ese ancho ninguna fila se parte ni se sale.
+    bool admite(int rotulos, int ancho) const;
 
 private:
     struct Par {
@@ -36,7 +42,8 @@ private:
     /// Sitio del rótulo. `guia`: el de los que empiezan renglón, que van alineados; 0 en los demás.
     int ancho_rotulo(const Par& par, int guia) const;
     int primera_columna() const;
-    int guia(const QVector<Par>& todos, int ancho) const;
+    /// Desde la primera columna, hasta la que también alinea los que empiezan otro renglón.
+    int guia(const QVector<Par>& todos, int ancho, int primera) const;
     int sitio(const Par& par, int guia) const;
     QVector<Renglon> renglones(const QVector<Par>& todos, int ancho, int guia) const;
     Renglon renglon(const QVector<Par>& todos, int desde, int ancho, int guia) const;
@@ -60,4 +67,8 @@ private:
     QVector<int> anchos(const QVector<QLayoutItem*>& items, int ancho) const;
     /// `de`: el alto de uno con ese ancho. En pila, cada uno tiene el menor que admite.
     int alto(int ancho, int (*de)(const QLayoutItem*, int)) const;
+    bool en_pila(int ancho) const;
+    /// Los de un formulario que van uno debajo del otro empiezan sus controles en la misma columna,
+    /// si a ninguno le cuesta sitio ni lo corre mucho.
+    void alinee_pilas(int ancho) const;
 };

@@ -1,10 +1,12 @@
 #include "toolkit/division_fluida.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QMdiSubWindow>
 #include <QScopedValueRollback>
 #include <QScrollArea>
 
@@ -43,6 +45,14 @@ bool caben_apiladas(const QSplitter& division) {
     for (int i = 0; i < division.count(); ++i)
         alto += division.widget(i)->minimumSizeHint().height();
     return alto <= marco->maximumViewportSize().height() + paso(4); // unos píxeles los ceden
+}
+
+/// Lo que su ventana puede ensancharse todavía: lo hace sola antes de que un nombre se corte.
+int lo_que_crece(const QSplitter& division) {
+    for (const QWidget* w = division.parentWidget(); w; w = w->parentWidget())
+        if (const auto* ventana = qobject_cast<const QMdiSubWindow*>(w))
+            return qMax(0, area_de_ventanas().width() - ventana->width());
+    return 0;
 }
 
 } // namespace
@@ -87,23 +97,26 @@ void DivisionFluida::acomode() {
             partes += widget(i)->sizePolicy().horizontalStretch();
         }
     };
+    mida([](const QWidget& parte) { return ancho_de(parte, &AnchosRejilla::legible); });
+    const bool caben = caben_apiladas(*this);
+    bool apile = caben && sobra + lo_que_crece(*this) < 0;
     mida([this](const QWidget& parte) { return pide(parte); });
     // Apiladas sacarían algo de la vista: mejor que cedan los nombres.
-    if (sobra < 0 && !caben_apiladas(*this))
+    if (sobra < 0 && !caben)
         mida([](const QWidget& parte) { return ancho_de(parte, &AnchosRejilla::cediendo); });
+    apile = apile || sobra < 0;
     const Qt::Orientation antes = orientation();
-    setOrientation(sobra < 0 ? Qt::Vertical : Qt::Horizontal);
+    setOrientation(apile ? Qt::Vertical : Qt::Horizontal);
     if (antes != orientation())
         arrastrada_ = false; // el lugar que escogió era de la otra
     if (arrastrada_)
         return;
     for (int i = 0; i < count(); ++i) {
         const int factor = widget(i)->sizePolicy().horizontalStretch();
-        piden[i] =
-            sobra < 0 ? height() * qMax(1, factor) : piden[i] + sobra * factor / qMax(1, partes);
+        piden[i] = apile ? height() * qMax(1, factor) : piden[i] + sobra * factor / qMax(1, partes);
     }
     setSizes(piden);
-    if (sobra > 0 && count() == 2)
+    if (!apile && sobra > 0 && count() == 2)
         preste();
 }
 

@@ -599,8 +599,35 @@ public:
         pintor->drawPixmap(lugar, pixmap((QSizeF(lugar.size()) * fino).toSize(), modo, estado));
     }
 
-private:
+protected:
     QIcon molde_;
+};
+
+/// Un dibujo de color cuya orilla pálida, en claro, se perdería en el botón.
+class MotorOrlado : public MotorDeTinta {
+public:
+    using MotorDeTinta::MotorDeTinta;
+    QIconEngine* clone() const override { return new MotorOrlado(*this); }
+    QPixmap pixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State estado) override {
+        const QPixmap dibujo = molde_.pixmap(tamano, 1.0, modo, estado);
+        if (oscuro_ || dibujo.isNull())
+            return dibujo;
+        const QImage antes = dibujo.toImage().convertToFormat(QImage::Format_ARGB32);
+        QImage orlado = antes;
+        constexpr int kCubre = 128, kPalido = 150; // lo demás es sombra, o ya se distingue
+        const int filo = qMax(1, tamano.width() / 24);
+        const auto vacio = [&](int x, int y) {
+            return !antes.rect().contains(x, y) || qAlpha(antes.pixel(x, y)) < kCubre;
+        };
+        const QRgb tinta = QApplication::palette().color(QPalette::Dark).rgb();
+        for (int y = 0; y < antes.height(); ++y)
+            for (int x = 0; x < antes.width(); ++x)
+                if (!vacio(x, y) && qGray(antes.pixel(x, y)) > kPalido &&
+                    (vacio(x - filo, y) || vacio(x + filo, y) || vacio(x, y - filo) ||
+                     vacio(x, y + filo)))
+                    orlado.setPixel(x, y, tinta);
+        return QPixmap::fromImage(orlado);
+    }
 };
 
 QIcon con_tinta(const QIcon& molde) {
@@ -646,7 +673,7 @@ QIcon icono(const QString& nombre) {
         if (const QIcon plano = de_un_color(uno); !plano.isNull())
             return plano;
         if (const QIcon propio = QIcon::fromTheme(uno); !propio.isNull())
-            return propio;
+            return QIcon(new MotorOrlado(propio));
     }
     return {};
 }

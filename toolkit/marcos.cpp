@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QScrollBar>
@@ -33,9 +34,12 @@ MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
     botones_ = barra_final(*pantalla);
     if (botones_) {
         botones_->setAutoFillBackground(true);
-        telon_ = new QWidget(pantalla);
-        telon_->setAutoFillBackground(true);
-        telon_->hide();
+        for (QPointer<QWidget>* w : {&telon_, &velo_}) {
+            *w = new QWidget(pantalla);
+            (*w)->setAutoFillBackground(true);
+            (*w)->hide();
+        }
+        velo_->setAttribute(Qt::WA_TransparentForMouseEvents);
         botones_->installEventFilter(this);
     }
     connect(qApp, &QApplication::focusChanged, this, &MarcoPantalla::siga_el_foco_luego);
@@ -69,14 +73,41 @@ void MarcoPantalla::fije_botones() {
     telon_->setGeometry(horizontalScrollBar()->value(), sobre, viewport()->width(),
                         fondo + margen + 1 - sobre);
     telon_->setVisible(natural.bottom() > fondo);
-    if (telon_->isVisible())
-        telon_->raise();
+    const int cortada = telon_->isVisible() ? comienzo_de_la_cortada(sobre) : sobre;
+    velo_->setGeometry(telon_->x(), cortada, telon_->width(), sobre - cortada);
+    velo_->setVisible(cortada < sobre);
+    for (QWidget* w : {velo_.data(), telon_.data()})
+        if (w->isVisible())
+            w->raise();
     // Después del telón: al mostrarlo, la disposición vuelve a poner la barra en su lugar.
     botones_->setProperty(kLugarNatural, lugar == natural ? QVariant() : QVariant(natural));
     botones_->setGeometry(lugar);
     if (lugar != natural)
         botones_->raise();
     fijando_ = false;
+}
+
+int MarcoPantalla::comienzo_de_la_cortada(int borde) const {
+    const int renglon = fontMetrics().lineSpacing();
+    int comienzo = borde;
+    for (const QWidget* w : pantalla_->findChildren<QWidget*>()) {
+        if (!w->isVisible() || w == telon_ || w == velo_)
+            continue;
+        QRect lugar(w->mapTo(pantalla_, QPoint()), w->size());
+        if (qobject_cast<const QGroupBox*>(w)) // su título también es una fila
+            lugar.setHeight(renglon + paso());
+        if (lugar.top() >= borde || lugar.bottom() < borde ||
+            lugar.height() > 2 * renglon + paso(0.5))
+            continue;
+        const QWidget* area = w->parentWidget(); // lo de una rejilla lo corta ella
+        while (area && !qobject_cast<const QAbstractScrollArea*>(area))
+            area = area->parentWidget();
+        if (w->hasFocus() || w->isAncestorOf(pantalla_->focusWidget()))
+            return borde;
+        if (area == this && !botones_->isAncestorOf(w) && w != botones_)
+            comienzo = qMin(comienzo, lugar.top());
+    }
+    return comienzo - verticalScrollBar()->value() < alto_libre() / 2 ? borde : comienzo;
 }
 
 bool MarcoPantalla::ajuste_margenes(int falta) {
@@ -187,7 +218,8 @@ void MarcoPantalla::siga_el_foco() {
     const QRect lugar(foco->mapTo(pantalla_, QPoint()), foco->size());
     const QPointer<QWidget> antes = std::exchange(seguido_, foco);
     const auto* area = qobject_cast<QAbstractScrollArea*>(foco);
-    if (!area) {
+    const bool texto = area && !qobject_cast<const QAbstractItemView*>(area);
+    if (!area || (texto && lugar.height() + 2 * paso(1.5) <= alto_libre())) {
         muestre(lugar);
         return;
     }

@@ -32,6 +32,8 @@ private:
     bool ajuste_margenes(int falta);
     /// Los botones se quedan en el borde de abajo aunque la pantalla sea más alta que su ventana.
     void fije_botones();
+    /// De la fila que sobre ese borde se asoma a medias no se ve nada. Devuelve dónde empieza.
+    int comienzo_de_la_cortada(int borde) const;
     /// El alto de la ventanilla que los botones no tapan.
     int alto_libre() const;
     /// Corre la ventanilla, lo menos que se pueda, hasta que ese lugar de la pantalla se vea, y no
@@ -47,6 +49,7 @@ private:
     QPointer<QWidget> botones_;
     QPointer<QWidget> seguido_; ///< el último al que se llevó la vista
     QPointer<QWidget> telon_;   ///< detrás de los botones, cuando tapan lo que se desplaza
+    QPointer<QWidget> velo_;    ///< y sobre él, lo que taparía a medias
     /// De dónde a dónde se corrió para mostrar la barra de una rejilla.
     std::optional<std::pair<int, int>> por_la_barra_;
     std::optional<QMargins> margenes_; ///< los de la pantalla, antes de ajustarlos

@@ -228,6 +228,14 @@ void PruebaMediosNacionales::lo_digitado_sobrevive_y_el_recalculo_pregunta_dos_v
     QVERIFY(p->PanelAdvertencia->isHidden());
     oprima(Qt::Key_F2); // no hay filas: calcula sin preguntar
     QVERIFY(p->PanelAdvertencia->isVisible());
+    // Con letra grande o una ventana baja, con el foco se lee entera.
+    auto* texto = p->PanelAdvertencia->findChild<QScrollArea*>();
+    for (QWidget* w = p; w; w = w->parentWidget())
+        if (auto* ventana = qobject_cast<QMdiSubWindow*>(w))
+            ventana->resize(500, 300);
+    QTRY_VERIFY(texto->verticalScrollBar()->maximum() > 0);
+    texto->setFocus();
+    QTRY_COMPARE(texto->verticalScrollBar()->maximum(), 0);
     pulse(p, "Button1"); // salir del año sin cambiarlo no suelta las filas
     QVERIFY(p->PanelAdvertencia->isHidden());
     const int calculadas = p->CMedmagdata->RecordCount();

@@ -1,5 +1,6 @@
 // El ancho de una rejilla se reparte: cifras y códigos enteros, y lo demás para los textos.
 #include "rejilla_de_prueba.h"
+#include "toolkit/division_fluida.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/delegado_celda.h"
@@ -120,6 +121,39 @@ private slots:
         QCOMPARE(reparta_ancho(asoma, 460), QVector<int>({92, 421, 300}));
         asoma.prepend({.contenido = 60, .apretado = 20, .vacia = true}); // antes, lo vacío
         QCOMPARE(reparta_ancho(asoma, 520), QVector<int>({20, 79, 421, 300}));
+    }
+
+    void los_nombres_de_fuera_se_leen_enteros() {
+        QVector<PedidoAncho> pedidos{
+            {.contenido = 300, .cifra = true},
+            {.contenido = 150, .titulo = 40, .entero = 190, .cede = 100, .peso = 20},
+            {.contenido = 120, .vacia = true, .cifra = true},
+            {.contenido = 150, .titulo = 160, .entero = 190, .cede = 100, .peso = 20}};
+        QCOMPARE(reparta_ancho(pedidos, 400), QVector<int>({300, 190, 120, 190}));
+        pedidos[2].vacia = false; // lo que sí dice algo no se corre
+        QCOMPARE(reparta_ancho(pedidos, 400), QVector<int>({300, 80, 120, 190}));
+    }
+
+    void dos_listas_se_apilan_si_lado_a_lado_no_se_reconocen_sus_nombres() {
+        RejillaDePrueba a, b;
+        DivisionFluida division;
+        for (RejillaDePrueba* r : {&a, &b}) {
+            division.addWidget(r->rejilla);
+            r->detalle->Edit();
+            r->detalle->FieldByName("CODE_CONCEPTO").asigne(QString(30, 'M'));
+            r->detalle->Post();
+            r->rejilla->ajuste_anchos();
+        }
+        const auto& pide = static_cast<EncabezadoRejilla*>(a.rejilla->horizontalHeader())->anchos();
+        QVERIFY(pide.legible() > pide.sin_ceder());
+        division.show();
+        for (const int ancho : {pide.legible() + 10, pide.sin_ceder() + 10}) {
+            division.resize(2 * ancho, 600);
+            QCoreApplication::processEvents();
+            QCOMPARE(division.orientation() == Qt::Horizontal, ancho > pide.legible());
+        }
+        for (RejillaDePrueba* r : {&a, &b})
+            r->rejilla->setParent(&r->ventana);
     }
 
     void un_titulo_se_parte_y_se_abrevia_antes_que_perderse() {

@@ -84,6 +84,22 @@ private slots:
         QCOMPARE(en(codigo, &ventana).left(), en(ciudad, &ventana).left());
     }
 
+    void los_recuadros_apilados_se_alinean_si_sus_rotulos_se_parecen() {
+        Pantalla ventana("TfEjemplo");
+        QVector<QLineEdit*> cajas;
+        Formulario f(&ventana);
+        for (const char* rotulo : {"Dirección", "Nombre", "Correo"})
+            f.grupo(rotulo).fila(rotulo, cajas.emplace_back(new QLineEdit));
+        ventana.resize(700, 400);
+        ventana.show();
+        QTRY_COMPARE(en(cajas[1], &ventana).left(), en(cajas[0], &ventana).left());
+        QCOMPARE(en(cajas[2], &ventana).left(), en(cajas[0], &ventana).left());
+        const int antes = en(cajas[0], &ventana).left();
+        f.rotule(cajas[0], QString(30, 'm')); // correr los demás tanto los deja sin sitio
+        QTRY_VERIFY(en(cajas[0], &ventana).left() > antes);
+        QTRY_VERIFY(en(cajas[1], &ventana).left() < antes);
+    }
+
     void con_letra_doble_todo_crece_y_nada_se_corta() {
         QSize antes;
         const int paso_antes = paso();
@@ -198,6 +214,17 @@ private slots:
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QVERIFY(cajas.last()->hasFocus());
         QVERIFY(!cajas.last()->visibleRegion().isEmpty());
+        // Ninguna fila queda cortada por el pie.
+        auto* marco = qobject_cast<QAbstractScrollArea*>(p->parentWidget()->parentWidget());
+        cajas.first()->setFocus();
+        agote_eventos();
+        for (int corrida = 0; corrida < 60; corrida += 3) {
+            marco->verticalScrollBar()->setValue(corrida);
+            for (const QLineEdit* c : cajas)
+                if (const QRect r = c->visibleRegion().boundingRect();
+                    c->mapTo(p, QPoint()).y() > corrida && !r.isEmpty())
+                    QCOMPARE(r.height(), c->height());
+        }
         // Con más área vuelven, aunque la barra siga angosta.
         barra->resize(entera.width() - 10, entera.height());
         QVERIFY(primero->iconSize().isEmpty());
@@ -254,6 +281,15 @@ private slots:
         QCOMPARE(QCoreApplication::translate("QLineEdit", "&Copy"), "&Copiar");
         for (const char* n : {"document-save", "edit-delete", "edit-find", "document-print"})
             QVERIFY2(!icono(n).isNull(), n);
+        // La hoja en blanco tiene orilla también sobre un botón claro.
+        qputenv("QUORVEX_TEMA", "claro");
+        aplique_estilo(*qApp);
+        const QImage hoja = icono("document-new").pixmap(24, 24).toImage();
+        int x = 0;
+        while (x < 12 && qAlpha(hoja.pixel(x, 12)) < 128)
+            ++x;
+        QVERIFY(qGray(hoja.pixel(x, 12)) < 150);
+        qunsetenv("QUORVEX_TEMA");
     }
 };
 

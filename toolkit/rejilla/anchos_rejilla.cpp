@@ -135,6 +135,22 @@ void ceda_a_la_que_asoma(QVector<int>& anchos, const Cesiones& c,
     }
 }
 
+/// Tras el borde no le quitan sitio a lo que se ve: los nombres de allí se leen enteros. El último
+/// que se ve también, si lo que le sigue no dice nada.
+void complete_los_de_fuera(QVector<int>& anchos, const QVector<PedidoAncho>& pedidos,
+                           int disponible) {
+    int hasta = 0;
+    for (qsizetype i = 0; i < anchos.size(); ++i) {
+        const bool fuera = hasta >= disponible;
+        hasta += anchos[i];
+        const bool ultimo =
+            i + 1 < anchos.size() && pedidos[i + 1].vacia && hasta + anchos[i + 1] > disponible;
+        const PedidoAncho& p = pedidos[i];
+        if (p.peso > 0 && p.cede > 0 && !p.vacia && !p.fijo && (fuera || ultimo))
+            anchos[i] = qMax(anchos[i], qMin(p.entero, disponible / 2));
+    }
+}
+
 /// Ni cediendo lo que no dice nada y los nombres cabe todo: un título se puede leer en su letrero;
 /// una cifra, no. Si ni así, la rejilla se desplaza, con las más cifras a la vista y entero el
 /// título de lo que dice algo.
@@ -155,8 +171,10 @@ QVector<int> apriete(const Cesiones& c, const QVector<PedidoAncho>& pedidos, int
     for (qsizetype i = 0; i < anchos.size(); ++i)
         anchos[i] -= quita[i];
     de_menor_a_mayor(anchos, quita, disponible - suma(anchos)); // lo que se quitó de más
-    if (!cabe)
+    if (!cabe) {
         ceda_a_la_que_asoma(anchos, c, pedidos, disponible);
+        complete_los_de_fuera(anchos, pedidos, disponible);
+    }
     return anchos;
 }
 
@@ -556,6 +574,15 @@ int AnchosRejilla::fuera_de_las_columnas() const {
 
 int AnchosRejilla::sin_ceder() const {
     return Cesiones(pedidos_).sin_ceder() + fuera_de_las_columnas();
+}
+
+int AnchosRejilla::legible() const {
+    const Cesiones c(pedidos_);
+    int ancho = sin_ceder();
+    for (int i = 0; i < qMin(pedidos_.size(), rejilla_.cuenta_columnas()); ++i)
+        if (es_texto_largo(i))
+            ancho += qMax(0, pedidos_[i].entero * 2 / 3 - c.anchos[i]);
+    return ancho;
 }
 
 int AnchosRejilla::cediendo() const {

@@ -58,6 +58,8 @@ public:
     int lo_que_falta(bool con_titulos = true) const;
     /// Ancho de la rejilla con que se ve todo lo que dice, sin que ceda sino lo que no dice nada.
     int sin_ceder() const;
+    /// Además, con lo que de sus nombres más largos basta para reconocerlos.
+    int legible() const;
     /// Y con el que no hay que desplazarla, cediendo lo que se puede ceder.
     int cediendo() const;
 
