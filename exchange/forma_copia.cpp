@@ -32,7 +32,8 @@ FormaCopia::FormaCopia(const QString& clase, const QString& titulo) : Pantalla(c
     ProgressBar1 = new QProgressBar;
     ProgressBar1->setObjectName("ProgressBar1");
     ProgressBar1->hide();
-    for (const auto& [codigo, nombre] : {std::pair{Compania1, Nombre1}, {Compania2, Nombre2}})
+    for (const auto& [codigo, nombre] : {std::pair{Compania1, Nombre1}, {Compania2, Nombre2}}) {
+        connect(codigo, &QLineEdit::textEdited, nombre, &QLabel::clear);
         connect(codigo, &QLineEdit::editingFinished, this,
                 [this, codigo = codigo, nombre = nombre] {
                     if (codigo->isModified() && !codigo->text().isEmpty()) {
@@ -40,6 +41,7 @@ FormaCopia::FormaCopia(const QString& clase, const QString& titulo) : Pantalla(c
                         proteja([&] { nombre->setText(exija_compania(codigo)); });
                     }
                 });
+    }
     enter_como_tab();
 }
 
