@@ -198,7 +198,7 @@ QWidget* FormaActivo::cuenta(const char* columna, const char* marca, Libro libro
         // Rehusada: lo que se siga tecleando a ciegas no es de la caja que sigue.
         if (!digitada.isEmpty() && c.vacio() && !PreguntaEnCampo::es(digitada))
             QMetaObject::invokeMethod(
-                e, [e] { e->setFocus(); }, Qt::QueuedConnection);
+                e, [this, e] { vuelva_a(e); }, Qt::QueuedConnection);
     };
     pregunta_.atienda(CActivo.FieldByName(columna));
     // Una que se inactivó después sigue siendo la suya: se nombra sin validarla.
@@ -208,6 +208,13 @@ QWidget* FormaActivo::cuenta(const char* columna, const char* marca, Libro libro
         nombre->setCursorPosition(0);
     };
     return Formulario::junto({e, nombre});
+}
+
+void FormaActivo::vuelva_a(QWidget* caja) {
+    for (int i = 0; i < PageControl1->count(); ++i)
+        if (PageControl1->widget(i)->isAncestorOf(caja))
+            PageControl1->setCurrentIndex(i);
+    caja->setFocus();
 }
 
 QWidget* FormaActivo::pagina_local() {
@@ -438,10 +445,28 @@ void FormaActivo::quite_foto() {
 
 // ---------------------------------------------------------------- grabar y salir
 
+bool FormaActivo::acepte_reparto() {
+    const Campo& parte = CCentros.FieldByName("ACCE_PORC");
+    Moneda suma, redondeos;
+    CCentros.recorra_todas([&](const Fila& fila) {
+        suma += CCentros.valor_de(fila, parte).moneda();
+        redondeos += Moneda::de_texto("0.01"); // tres partes de 33.33 son el gasto entero
+    });
+    if (redondeos.es_cero() || (suma - Moneda(100)).absoluta() <= redondeos ||
+        pregunte_con_no("El reparto por centros de costo suma " + parte.presente(suma) +
+                        " %, y no 100 %: el gasto se repartirá en esa proporción. Desea grabarlo "
+                        "así?"))
+        return true;
+    vuelva_a(DBGridEh1);
+    return false;
+}
+
 void FormaActivo::SBGrabarClick() {
     CCentros.CheckBrowseMode();
     CInicial.CheckBrowseMode();
     CFoto.CheckBrowseMode();
+    if (!acepte_reparto())
+        return;
     CActivo.Post();
     if (grabe_y_anuncie(CActivo, "Grabado activo " + CActivo.FieldByName("ACFJ_COD").texto()) == 0)
         close();

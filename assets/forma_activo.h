@@ -41,6 +41,8 @@ private:
     QWidget* pagina_inicial();
     QWidget* pagina_foto();
     QWidget* cuenta(const char* columna, const char* marca, Libro libro);
+    /// A la caja, en su página.
+    void vuelva_a(QWidget* caja);
     void busque_cuenta(const char* columna, Libro libro, const QString& texto);
     void cuenta_cambiada(Campo& campo, Libro libro, QLineEdit* nombre);
     void ACGR_IDChange(Campo& grupo);
@@ -48,6 +50,7 @@ private:
     void escoja_grupo();
     void centro_cambiado();
     void quite_foto();
+    bool acepte_reparto(); ///< o pregunta si no suma todo
     void SBGrabarClick();
     bool hay_por_perder() const;
 

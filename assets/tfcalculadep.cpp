@@ -27,6 +27,7 @@ Tfcalculadep::Tfcalculadep()
     CDepunidad.busqueda("NomActivo", 60, "ACFJ_COD", &CActivos, "ACFJ_COD", "ACFJ_DESC");
     CDepunidad.interno("Ultfec", ClaseCampo::Texto, 8);
     CDepunidad.interno("Unirest", ClaseCampo::Entero, 0);
+    CDepunidad.interno("Porlibro", ClaseCampo::Texto, 40);
     CDepunidad.BeforePost = [this] { CDepunidadBeforePost(); };
 
     DBGridEh1 = new Rejilla(this, &CDepunidad);
@@ -36,10 +37,11 @@ Tfcalculadep::Tfcalculadep()
                          {"NomActivo", "Descripción", 34, SoloLectura},
                          {"Ultfec", "Última", 11, SoloLectura, "aaaa/mm/dd"},
                          {"Unirest", "Restan", 10, SoloLectura},
-                         {"DEPU_UNIDADES", "Unidades/horas", 14}});
+                         {"DEPU_UNIDADES", "Unidades/horas", 14},
+                         {"Porlibro", "Restan en cada libro", 26, SoloLectura}});
     DBGridEh1->permite_insertar = DBGridEh1->permite_borrar = false;
     arme();
-    tamano(820, 420);
+    tamano(900, 420);
 }
 
 void Tfcalculadep::bajo_el_encabezado(Formulario& f) {
@@ -73,12 +75,29 @@ void Tfcalculadep::SBGrabarClick() {
         grabe();
 }
 
+QHash<QString, QString> Tfcalculadep::restan_en_cada_libro() {
+    QHash<QString, QString> distintas;
+    const auto c = fdm().Quorvex.abra(
+        "select * from (select a.acfj_cod, maxvalue(a.acfj_mesdep - coalesce(sum(iif(d.dede_libro ="
+        " '2649', d.dede_unidades, 0)), 0), 0) l, maxvalue(a.acfj_depniif - coalesce(sum(iif("
+        "d.dede_libro = 'NIIF', d.dede_unidades, 0)), 0), 0) n from activos_fijos a left join "
+        "depreciacion_detalle d on d.acfj_cod = a.acfj_cod and d.dede_clase in ('D', 'I') where "
+        "a.acfj_mesdep > 0 and a.acfj_depniif > 0 group by a.acfj_cod, a.acfj_mesdep, "
+        "a.acfj_depniif) where l <> n");
+    while (c->siguiente())
+        distintas[c->valor(0).texto()] =
+            QStringLiteral("Local %1, NIIF %2").arg(c->valor(1).entero()).arg(c->valor(2).entero());
+    return distintas;
+}
+
 void Tfcalculadep::liste_los_que_producen() {
     QMap<QString, Valor> digitadas; // de un intento anterior
     CDepunidad.recorra_todas([&](const Fila& fila) {
         digitadas[CDepunidad.valor_de(fila, CDepunidad.FieldByName("ACFJ_COD")).texto()] =
             CDepunidad.valor_de(fila, CDepunidad.FieldByName("DEPU_UNIDADES"));
     });
+    const QHash<QString, QString> por_libro = restan_en_cada_libro();
+    bool difieren = false;
     const QScopedValueRollback<bool> guarda(llenando_, true);
     CDepunidad.DisableControls();
     const auto encienda = qScopeGuard([this] { CDepunidad.EnableControls(); });
@@ -95,8 +114,11 @@ void Tfcalculadep::liste_los_que_producen() {
         CDepunidad.FieldByName("DEPU_UNIDADES") = digitadas.value(q.Fields(0).texto(), Valor(0));
         CDepunidad.FieldByName("Ultfec") = q.Fields(1);
         CDepunidad.FieldByName("Unirest") = q.Fields(2);
+        CDepunidad.FieldByName("Porlibro") = por_libro.value(q.Fields(0).texto());
+        difieren = difieren || por_libro.contains(q.Fields(0).texto());
         CDepunidad.Post();
     }
+    DBGridEh1->columna(DBGridEh1->columna_de("Porlibro")).Visible = difieren;
     if (!CDepunidad.IsEmpty())
         CDepunidad.First();
 }

@@ -23,6 +23,8 @@ protected:
     void SBGrabarClick() override;
 
 private:
+    /// De cada activo al que no le resta lo mismo en los dos libros.
+    QHash<QString, QString> restan_en_cada_libro();
     void liste_los_que_producen();
     bool pida_unidades();
     void CDepunidadBeforePost();

@@ -105,8 +105,11 @@ void Tfnvacuenta::BitBtn1Click() {
         return;
     CCuentas->Cancel();
     CCuentas->Append();
-    for (const auto& [destino, origen] : kCopiados)
+    for (const auto& [destino, origen] : kCopiados) {
         CCuentas->FieldByName(destino) = escogida->value(origen);
+        if (codigo().isEmpty())
+            return; // ya existe: lo demás sería de una cuenta sin código
+    }
     CCuentas->FieldByName("CUEN_CENTRO") = "N";
     CCuentas->FieldByName("CUEN_TIPO") = "N";
 }

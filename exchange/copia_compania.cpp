@@ -19,9 +19,14 @@ QString tabla_cuentas(Libro libro) {
     return QLatin1String(datos(libro).cuentas);
 }
 
-/// Pasa las filas de una tabla, una por una, las que `entra` deje.
+bool entra_al_nivel(Conexion& destino, const QString& cuenta, const QString& nivel) {
+    return destino.consulte("select * from valide_estructura(?)", {cuenta}).texto() <= nivel;
+}
+
+/// Pasa las filas de una tabla, una por una, las que `entra` deje. `encima`: también de la que
+/// está.
 ResultadoCopia pase(Conexion& origen, Conexion& destino, const QString& tabla,
-                    const QStringList& columnas, const RangoCodigos& rango,
+                    const QStringList& columnas, bool encima, const RangoCodigos& rango,
                     const std::function<bool(const QString&)>& entra, const AvanceCopia& avance) {
     const QString donde =
         QStringLiteral(" from %1 where %2 >= ? and %2 <= ?").arg(tabla, columnas[0]);
@@ -29,8 +34,10 @@ ResultadoCopia pase(Conexion& origen, Conexion& destino, const QString& tabla,
         int(origen.consulte("select count(*)" + donde, {rango.desde, rango.hasta}).entero());
     const int paso = qMax(1, total / 100);
     const QStringList marcas(columnas.size(), "?");
-    const QString inserte = QStringLiteral("insert into %1 (%2) values (%3)")
-                                .arg(tabla, columnas.join(", "), marcas.join(", "));
+    const QString escriba = QLatin1String(encima ? "update or " : "") +
+                            QStringLiteral("insert into %1 (%2) values (%3)")
+                                .arg(tabla, columnas.join(", "), marcas.join(", ")) +
+                            (encima ? " matching (" + columnas[0] + ')' : QString());
     ResultadoCopia r;
     const auto c = origen.abra("select " + columnas.join(", ") + donde + " order by 1",
                                {rango.desde, rango.hasta});
@@ -46,7 +53,7 @@ ResultadoCopia pase(Conexion& origen, Conexion& destino, const QString& tabla,
         for (int i = 0; i < columnas.size(); ++i)
             valores << c->valor(i);
         try {
-            destino.ejecute(inserte, valores);
+            destino.ejecute(escriba, valores);
             ++r.copiados;
         } catch (const ErrorBase& falla) {
             if (falla.conexion_perdida())
@@ -85,7 +92,21 @@ bool hay_cuentas(Conexion& base, Libro libro, const RangoCodigos& rango) {
                 .nulo();
 }
 
-void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango) {
+QSet<QString> cuentas_por_llegar(Conexion& origen, Conexion& destino, Libro libro,
+                                 const RangoCodigos& rango, const QString& nivel) {
+    QSet<QString> llegan;
+    const auto c =
+        origen.abra(QStringLiteral("select cuen_cod from %1 where cuen_cod >= ? and cuen_cod <= ?")
+                        .arg(tabla_cuentas(libro)),
+                    {rango.desde, rango.hasta});
+    while (c->siguiente())
+        if (const QString cuenta = c->valor(0).texto(); entra_al_nivel(destino, cuenta, nivel))
+            llegan << cuenta;
+    return llegan;
+}
+
+void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango,
+                 const QSet<QString>& llegan) {
     const QString tabla = tabla_cuentas(libro);
     QStringList cuentas;
     const auto c = base.abra(
@@ -100,8 +121,14 @@ void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango) {
         suelte_ajustes(t, libro, rango, rango);
         const auto borre =
             base.prepare(QStringLiteral("delete from %1 where cuen_cod = ?").arg(tabla), t);
-        for (const QString& cuenta : cuentas)
-            borre->ejecute(t, {cuenta});
+        for (const QString& cuenta : cuentas) {
+            try {
+                borre->ejecute(t, {cuenta});
+            } catch (const ErrorBase& falla) {
+                if (falla.conexion_perdida() || falla.conflicto() || !llegan.contains(cuenta))
+                    throw;
+            }
+        }
     });
 }
 
@@ -109,18 +136,14 @@ ResultadoCopia copie_cuentas(Conexion& origen, Conexion& destino, Libro libro,
                              const RangoCodigos& rango, const QString& nivel,
                              const AvanceCopia& avance) {
     return pase(
-        origen, destino, tabla_cuentas(libro), kColumnasCuenta, rango,
-        [&](const QString& codigo) {
-            return destino.consulte("select * from valide_estructura(?)", {codigo}).texto() <=
-                   nivel;
-        },
-        avance);
+        origen, destino, tabla_cuentas(libro), kColumnasCuenta, true, rango,
+        [&](const QString& codigo) { return entra_al_nivel(destino, codigo, nivel); }, avance);
 }
 
 ResultadoCopia copie_terceros(Conexion& origen, Conexion& destino, const RangoCodigos& rango,
                               const AvanceCopia& avance) {
     return pase(
-        origen, destino, QStringLiteral("terceros"), kColumnasTercero, rango,
+        origen, destino, QStringLiteral("terceros"), kColumnasTercero, false, rango,
         [&](const QString& nit) {
             return destino.consulte("select terc_nit from terceros where terc_nit = ?", {nit})
                 .nulo();

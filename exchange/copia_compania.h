@@ -2,6 +2,8 @@
 // Copia de catálogos entre dos compañías de una instalación: dos bases, cada una por su conexión.
 #include "exchange/mantenimiento.h"
 
+#include <QSet>
+
 /// Base de otra compañía, en el mismo sitio y con el mismo usuario que la de la sesión.
 ParametrosConexion base_de_compania(const ParametrosConexion& de_la_sesion, const QString& propia,
                                     const QString& otra);
@@ -17,9 +19,14 @@ struct ResultadoCopia {
 using AvanceCopia = std::function<void(int van, int total)>;
 
 bool hay_cuentas(Conexion& base, Libro libro, const RangoCodigos& rango);
-/// Borra las cuentas del rango, las más profundas primero: todas o ninguna.
-void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango);
-/// Copia las cuentas hasta el nivel dado, que se compara como texto. Cada una queda confirmada.
+/// Las cuentas del rango que se copiarían hasta ese nivel, que se compara como texto.
+QSet<QString> cuentas_por_llegar(Conexion& origen, Conexion& destino, Libro libro,
+                                 const RangoCodigos& rango, const QString& nivel);
+/// Borra las cuentas del rango, las más profundas primero: todas o ninguna. La que está en uso y va
+/// a llegar otra vez se queda, y la copia la actualiza.
+void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango,
+                 const QSet<QString>& llegan = {});
+/// Copia las cuentas hasta el nivel dado, encima de las que estén. Cada una queda confirmada.
 ResultadoCopia copie_cuentas(Conexion& origen, Conexion& destino, Libro libro,
                              const RangoCodigos& rango, const QString& nivel,
                              const AvanceCopia& avance = {});

@@ -36,7 +36,8 @@ FormaCopia::FormaCopia(const QString& clase, const QString& titulo) : Pantalla(c
     QSizePolicy guarda = ProgressBar1->sizePolicy(); // al salir no aplasta las cajas
     guarda.setRetainSizeWhenHidden(true);
     ProgressBar1->setSizePolicy(guarda);
-    for (const auto& [codigo, nombre] : {std::pair{Compania1, Nombre1}, {Compania2, Nombre2}})
+    for (const auto& [codigo, nombre] : {std::pair{Compania1, Nombre1}, {Compania2, Nombre2}}) {
+        connect(codigo, &QLineEdit::textEdited, nombre, &QLabel::clear);
         connect(codigo, &QLineEdit::editingFinished, this,
                 [this, codigo = codigo, nombre = nombre] {
                     if (codigo->isModified() && !codigo->text().isEmpty()) {
@@ -44,6 +45,7 @@ FormaCopia::FormaCopia(const QString& clase, const QString& titulo) : Pantalla(c
                         proteja([&] { nombre->setText(exija_compania(codigo)); });
                     }
                 });
+    }
     enter_como_tab();
 }
 

@@ -78,11 +78,16 @@ QLineEdit* FormaMantenimiento::caja_tercero(const QString& nombre,
     return c;
 }
 
-QLabel* FormaMantenimiento::rotulo(const QString& nombre) {
+QLabel* FormaMantenimiento::rotulo(const QString& nombre, QLineEdit* caja) {
     auto* l = new QLabel;
     l->setObjectName(nombre);
     l->setTextFormat(Qt::PlainText);
     l->setMinimumWidth(l->fontMetrics().horizontalAdvance('n') * 34);
+    if (caja)
+        connect(caja, &QLineEdit::textEdited, l, [this, caja, l] {
+            l->clear();
+            cajas_[caja].vista.clear();
+        });
     return l;
 }
 

@@ -40,7 +40,8 @@ protected:
     /// sale de ella con algo distinto escrito.
     QLineEdit* caja_cuenta(const QString& nombre, std::function<void(const QString&)> al_dejarla);
     QLineEdit* caja_tercero(const QString& nombre, std::function<void(const QString&)> al_dejarla);
-    QLabel* rotulo(const QString& nombre);
+    /// Con la caja de que es el nombre: en cuanto se escribe otra cosa en ella, ya no lo es.
+    QLabel* rotulo(const QString& nombre, QLineEdit* caja = nullptr);
     QCheckBox* casilla(const QString& nombre, const QString& texto);
     QComboBox* lista_tipos(const QString& todos);
     void arme_fechas(Formulario& f);

@@ -137,7 +137,7 @@ QHash<QString, QString> quien_nombra(Conexion& conexion, const RangoCodigos& ran
 } // namespace
 
 CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QString& hasta,
-                              const std::function<void(const QString&)>& avance) {
+                              Paso paso, const std::function<void(const QString&)>& avance) {
     QStringList cuentas;
     const auto c =
         conexion.abra("select cuen_cod from cuentas where cuen_cod >= " + QuotedStr(desde) +
@@ -146,6 +146,9 @@ CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QS
         cuentas << c->valor(0).texto();
     const QHash<QString, QString> quien = quien_nombra(conexion, {desde, hasta});
     CuentasBorradas r;
+    std::optional<Transaccion> ensayo; // sin confirmar, se deshace
+    if (paso == Paso::Cifras)
+        ensayo.emplace(conexion, ModoTransaccion::Escritura);
     for (qsizetype van = 0; van < cuentas.size();) {
         QString cuenta;
         // Una cuenta de ajuste se va con la que la nombra, o las dos se quedan como estaban.
@@ -168,7 +171,8 @@ CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QS
         };
         try {
             const auto [hasta_aqui, borradas] =
-                conexion.en_transaccion(ModoTransaccion::Escritura, borre_juntas);
+                ensayo ? borre_juntas(*ensayo)
+                       : conexion.en_transaccion(ModoTransaccion::Escritura, borre_juntas);
             van = hasta_aqui;
             r.borradas += borradas;
         } catch (const ErrorBase& falla) {

@@ -73,7 +73,9 @@ struct CuentasBorradas {
 /// Borra el plan 2649 entre dos cuentas, las más profundas primero y cada una por su cuenta, salvo
 /// las de ajuste, que se van con la que las nombra. Se detiene en la primera que la base rehúsa, y
 /// lo borrado hasta ahí queda borrado.
+/// Con Paso::Cifras lo ensaya: dice hasta dónde llegaría, y no queda borrada ninguna.
 CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QString& hasta,
+                              Paso paso = Paso::Haga,
                               const std::function<void(const QString&)>& avance = {});
 
 /// Pasa a las tablas de saldos lo que un cambio grande dejó pendiente, para que los balances no lo

@@ -14,9 +14,9 @@ constexpr const char* kAlReves = "La cuenta final debe ser mayor que la inicial.
 Tfborractas::Tfborractas() : FormaMantenimiento("Tfborractas", "Borrar plan de cuentas") {
     Edit1 = caja_cuenta(
         "Edit1", [this](const QString& cuenta) { Nombre1->setText(nombre(cuenta, kSinInicial)); });
-    Nombre1 = rotulo("Nombre1");
+    Nombre1 = rotulo("Nombre1", Edit1);
     Edit2 = caja_cuenta("Edit2", [this](const QString& cuenta) { Edit2Exit(cuenta); });
-    Nombre2 = rotulo("Nombre2");
+    Nombre2 = rotulo("Nombre2", Edit2);
     Formulario f(this);
     f.fila("Desde la cuenta", Formulario::junto({Edit1, Nombre1}));
     f.fila("Hasta la cuenta", Formulario::junto({Edit2, Nombre2}));
@@ -37,27 +37,53 @@ void Tfborractas::Edit2Exit(const QString& cuenta) {
         muestre_mensaje(kAlReves);
 }
 
+bool Tfborractas::confirme_rango(const QString& desde, const QString& hasta) {
+    CuentasBorradas ensayo;
+    trabaje("Mirando qué cuentas se pueden borrar...", [&] {
+        ensayo = borre_cuentas(fdm().Quorvex, desde, hasta, Paso::Cifras);
+        return CifrasMantenimiento();
+    });
+    const qint64 cuantas =
+        dato("select count(*) from cuentas where cuen_cod >= " + QuotedStr(desde) +
+             " and cuen_cod <= " + QuotedStr(hasta))
+            .toLongLong();
+    const QString cuales =
+        QStringLiteral("%1 cuentas, de la %2 a la %3").arg(cuantas).arg(desde, hasta);
+    if (ensayo.detenida.isEmpty())
+        return pregunte_con_no(
+            (cuantas == 1 ? "Se borrará la cuenta " + desde : "Se borrarán " + cuales) +
+            ". Desea continuar?");
+    if (ensayo.borradas == 0) {
+        muestre_mensaje((cuantas == 1 ? "No se puede borrar la cuenta " + desde
+                                      : "No se puede borrar ninguna de las " + cuales) +
+                        ". La primera es la " + ensayo.detenida + ": " + ensayo.razon);
+        return false;
+    }
+    return pregunte_con_no(
+        QStringLiteral("De las %1, se borrarán %2 y quedarán %3, desde la %4: %5 "
+                       "Desea continuar?")
+            .arg(cuales)
+            .arg(ensayo.borradas)
+            .arg(cuantas - ensayo.borradas)
+            .arg(ensayo.detenida, ensayo.razon));
+}
+
 bool Tfborractas::corra() {
     const QString desde = Edit1->text().trimmed(), hasta = Edit2->text().trimmed();
-    if (nombre(desde, kSinInicial).isEmpty())
+    Nombre1->setText(nombre(desde, kSinInicial));
+    if (Nombre1->text().isEmpty())
         rehuse(Edit1, {});
-    if (nombre(hasta, kSinFinal).isEmpty())
+    Nombre2->setText(nombre(hasta, kSinFinal));
+    if (Nombre2->text().isEmpty())
         rehuse(Edit2, {});
     if (hasta < desde)
         rehuse(Edit2, kAlReves);
-    const QString cuantas =
-        dato("select count(*) from cuentas where cuen_cod >= " + QuotedStr(desde) +
-             " and cuen_cod <= " + QuotedStr(hasta));
-    const QString pregunta =
-        cuantas == "1"
-            ? "Se borrará la cuenta " + desde
-            : QStringLiteral("Se borrarán %1 cuentas, de la %2 a la %3").arg(cuantas, desde, hasta);
-    if (!pregunte_con_no(pregunta + ". Desea continuar?"))
+    if (!confirme_rango(desde, hasta))
         return false;
     const QString aviso = "Borrando cuentas. Espere un momento...";
     CuentasBorradas r;
     trabaje(aviso, [&] {
-        r = borre_cuentas(fdm().Quorvex, desde, hasta, [](const QString& cuenta) {
+        r = borre_cuentas(fdm().Quorvex, desde, hasta, Paso::Haga, [](const QString& cuenta) {
             if (AvisosBarra* barra = fdm().barra())
                 barra->texto(cuenta);
         });

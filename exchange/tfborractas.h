@@ -16,4 +16,6 @@ private:
     /// Nombre de la cuenta, o vacío después de decir ese mensaje.
     QString nombre(const QString& cuenta, const char* mensaje);
     void Edit2Exit(const QString& cuenta);
+    /// Dice lo que se puede borrar de veras y pregunta.
+    bool confirme_rango(const QString& desde, const QString& hasta);
 };

@@ -6,7 +6,7 @@
 Tfcambiacate::Tfcambiacate() : FormaMantenimiento("Tfcambiacate", "Cambiar detalle cuenta") {
     ckniif = casilla("ckniif", "Información NIIF");
     Edit1 = caja_cuenta("Edit1", [this](const QString& cuenta) { Edit1Exit(cuenta); });
-    Nombre1 = rotulo("Nombre1");
+    Nombre1 = rotulo("Nombre1", Edit1);
     ckter = casilla("ckter", "Tercero");
     ckcen = casilla("ckcen", "Centro de costo");
     ckret = casilla("ckret", "Retención");

@@ -4,10 +4,10 @@
 
 Tfcambictamov::Tfcambictamov() : FormaMantenimiento("Tfcambictamov", "Reemplazar cuenta") {
     Edit1 = caja_cuenta("Edit1", [this](const QString& cuenta) { Edit1Exit(cuenta); });
-    Nombre1 = rotulo("Nombre1");
+    Nombre1 = rotulo("Nombre1", Edit1);
     Edit2 = caja_cuenta("Edit2",
                         [this](const QString& cuenta) { Nombre2->setText(exija_cuenta(cuenta)); });
-    Nombre2 = rotulo("Nombre2");
+    Nombre2 = rotulo("Nombre2", Edit2);
     ckniif = casilla("ckniif", "Información NIIF");
     Formulario f(this);
     f.fila("", ckniif);

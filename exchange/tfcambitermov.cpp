@@ -4,12 +4,12 @@
 
 Tfcambitermov::Tfcambitermov() : FormaMantenimiento("Tfcambitermov", "Reemplazar tercero") {
     Edit1 = caja_tercero("Edit1", [this](const QString& nit) { Edit1Exit(nit); });
-    Nombre1 = rotulo("Nombre1");
+    Nombre1 = rotulo("Nombre1", Edit1);
     Edit2 =
         caja_tercero("Edit2", [this](const QString& nit) { Nombre2->setText(exija_tercero(nit)); });
-    Nombre2 = rotulo("Nombre2");
+    Nombre2 = rotulo("Nombre2", Edit2);
     Edit3 = caja_cuenta("Edit3", [this](const QString& cuenta) { Edit3Exit(cuenta); });
-    Nombre3 = rotulo("Nombre3");
+    Nombre3 = rotulo("Nombre3", Edit3);
     ckniif = casilla("ckniif", "Información NIIF");
     Formulario f(this);
     f.fila("", ckniif);

@@ -7,7 +7,7 @@
 Tfcreactamov::Tfcreactamov() : FormaMantenimiento("Tfcreactamov", "Abrir auxiliar") {
     ckniif = casilla("ckniif", "Información NIIF");
     CUEN_COD = caja_cuenta("CUEN_COD", [this](const QString& c) { CUEN_CODChange(c); });
-    Padre = rotulo("Padre");
+    Padre = rotulo("Padre", CUEN_COD);
     CUEN_NOM = caja("CUEN_NOM", 60);
     CUEN_TERCERO = casilla("CUEN_TERCERO", "Tercero");
     CUEN_CENTRO = casilla("CUEN_CENTRO", "Centro de costo");

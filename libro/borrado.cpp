@@ -41,14 +41,21 @@ Comprobante por_item(Comprobante c) {
 } // namespace
 
 std::optional<Rechazo> revise_borrado(Conexion& conexion, const PedidoBorrado& pedido) {
-    if (pedido.tipo_origen == 0)
-        return {};
+    Rechazo r;
+    if (pedido.tipo_origen == 0) {
+        if (pedido.cerrado.isEmpty())
+            return {};
+        r.motivo = Motivo::Bloqueo;
+        r.texto = QStringLiteral("%1. No se puede borrar el comprobante %2 %3 %4")
+                      .arg(pedido.cerrado, pedido.tipo, pedido.prefijo, pedido.numero);
+        r.campo = QStringLiteral("ENCO_FECHA");
+        return r;
+    }
     const QString opcion =
         conexion
             .consulte("select tido_nomlargo from tipo_documento where tido_cod = " +
                       QString::number(pedido.tipo_origen))
             .texto();
-    Rechazo r;
     r.motivo = Motivo::DeOtroModulo;
     r.texto = "Debe utilizar la opcion " + opcion + " para borrar el comprobante";
     r.campo = QStringLiteral("ENCO_TIPOREF");

@@ -10,9 +10,10 @@ struct PedidoBorrado {
     qint64 tipo_origen = 0; ///< ENCO_TIPOREF: distinto de 0, lo borra la opción de su módulo
     /// El comprobante como lo vio quien lo abrió; si ya no es ese, se pregunta antes de borrarlo.
     std::optional<Comprobante> visto;
+    QString cerrado; ///< el bloqueo de su fecha, si quien lo pide ya lo sabe
 };
 
-/// Lo que impide borrarlo: pertenece a otro módulo, cuya opción nombra.
+/// Lo que impide borrarlo: pertenece a otro módulo, cuya opción nombra, o su fecha está cerrada.
 std::optional<Rechazo> revise_borrado(Conexion& conexion, const PedidoBorrado& pedido);
 /// Alguien lo cambió después de que quien borra lo vio. Se puede confirmar.
 std::optional<Rechazo> revise_cambio_ajeno(Conexion& conexion, const PedidoBorrado& pedido);

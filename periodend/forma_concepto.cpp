@@ -58,6 +58,10 @@ void FormaConcepto::defina_campos() {
     d.AfterInsert = [this] { nueva_linea(); };
     d.BeforePost = [this] { al_dejar_la_linea(); };
     d.AfterScroll = [this] { al_llegar_a_la_linea(); };
+    d.AfterDelete = d.AfterCancel = [this] {
+        if (CCuentas.IsEmpty())
+            al_llegar_a_la_linea(); // a ninguna: los nombres eran de la que se fue
+    };
 }
 
 // ---------------------------------------------------------------- disposición
@@ -65,7 +69,7 @@ void FormaConcepto::defina_campos() {
 void FormaConcepto::construya() {
     ECod = nombrado(new EditorDato(&CConceptos, "CONC_COD"), "ECod");
     ECod->ReadOnly(modo_ == Modificar);
-    auto* nombre = nombrado(new EditorDato(&CConceptos, "CONC_NOM"), "ENombre");
+    ENombre = nombrado(new EditorDato(&CConceptos, "CONC_NOM"), "ENombre");
     ECta = nombrado(caja_de_cuenta(CConceptos, "CONC_CTACIERRE", [] { return Libro::Decreto2649; }),
                     "ECta");
     ECta->ancho(15);
@@ -107,7 +111,7 @@ void FormaConcepto::construya() {
     barra->separe();
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape, [this] { close(); });
     Formulario(this)
-        .fila("&Código", en_flujo({ECod, con_rotulo("&Nombre", nombre)}, paso()))
+        .fila("&Código", en_flujo({ECod, con_rotulo("&Nombre", ENombre)}, paso()))
         .fila("Cuenta de c&ierre", Formulario::junto({ECta, NomCierre, lado}))
         .fila("", en_flujo({Vence, con_rotulo("Desde", Formulario::junto({MesIni, AnoIni})),
                             con_rotulo("Hasta", Formulario::junto({MesFin, AnoFin}))},
@@ -335,7 +339,20 @@ void FormaConcepto::DBGridDblClick(int columna) {
 
 // ---------------------------------------------------------------- grabar y salir
 
+bool FormaConcepto::falta_algo() {
+    for (const auto& [campo, caja, falta] :
+         {std::tuple{"CONC_COD", ECod, "el código"}, {"CONC_NOM", ENombre, "el nombre"}})
+        if (CConceptos.FieldByName(campo).vacio()) {
+            muestre_mensaje(QStringLiteral("Falta ingresar %1 del concepto.").arg(falta));
+            caja->setFocus();
+            return true;
+        }
+    return false;
+}
+
 void FormaConcepto::SBGrabarClick() {
+    if (falta_algo())
+        return;
     CCuentas.CheckBrowseMode();
     CConceptos.Post();
     if (CCuentas.IsEmpty() && !pregunte_con_no("El concepto no tiene cuentas: no generará ninguna "

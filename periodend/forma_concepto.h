@@ -45,12 +45,13 @@ private:
     void DBGridDblClick(int columna);
     void reciba(ConjuntoDatos& conjunto, const QString& columna, const QString& valor);
     void VenceClick();
+    bool falta_algo(); ///< y ya lo dijo
     void SBGrabarClick();
 
     const Modo modo_;
     ContadorLineas contador_;
     PreguntaEnCampo pregunta_;
-    EditorDato *ECod, *ECta;
+    EditorDato *ECod, *ENombre, *ECta;
     QLineEdit *NomCierre, *NomCuenta, *NomBase;
     CasillaDato* Vence;
     ListaDato *MesIni, *MesFin;

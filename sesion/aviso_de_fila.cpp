@@ -71,12 +71,16 @@ void advierta_de_fila(ConjuntoDatos& conjunto, const QString& texto) {
 }
 
 void advierta_de_pantalla(const QString& texto) {
+    AvisosBarra* barra = fdm().barra();
+    const qint64 antes = ultimo_aviso(barra);
     fdm().mostrar_advertencia(texto);
-    if (AvisosBarra* barra = fdm().barra())
-        aviso_de_pantalla(*barra);
+    if (barra)
+        aviso_de_pantalla(*barra, antes);
 }
 
-void aviso_de_pantalla(AvisosBarra& barra) {
+void aviso_de_pantalla(AvisosBarra& barra, qint64 antes) {
+    if (ultimo_aviso(&barra) == antes)
+        return;
     const QWidget* modal = QApplication::activeModalWidget();
     Pantalla* pantalla = modal ? modal->findChild<Pantalla*>() : nullptr;
     if (!pantalla && escritorio())

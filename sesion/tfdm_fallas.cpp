@@ -85,6 +85,8 @@ void Tfdm::ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const Err
     // Lo que dijo el motor sirve a quien da soporte, y a nadie más.
     registre_en_archivo(error.detalle().isEmpty() ? texto : texto + " | " + error.detalle());
     hubo_error = true;
+    const HistoriaAvisos* historia = HistoriaAvisos::de(barra_);
+    const qint64 antes = historia ? historia->ultimo() : 0;
     if (barra_)
         barra_->texto(texto);
     QString mensaje;
@@ -98,7 +100,7 @@ void Tfdm::ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const Err
         mensaje = mensaje_no_manejada(error);
     }
     if (barra_)
-        aviso_de_pantalla(*barra_);
+        aviso_de_pantalla(*barra_, antes);
     QApplication::beep();
     muestre_error(mensaje);
 }

@@ -1,7 +1,6 @@
 #include "tax/tfrngcertificados.h"
 
 #include "sesion/instalacion.h"
-#include "sesion/tfdmter.h"
 #include "tax/archivos_por_tercero.h"
 #include "tax/variables_certificado.h"
 #include "toolkit/avance_trabajo.h"
@@ -19,7 +18,6 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QSpinBox>
 
@@ -70,13 +68,7 @@ void defina(ConjuntoDatos& c) {
     c.decimal("PORC").etiqueta("%").formato("#,##0.00");
     c.decimal("BASEIVA").etiqueta("Base IVA").formato("#,###.00");
     c.decimal("PAGADO").etiqueta("Pagado").formato("#,###.00");
-    c.calculado("DV", ClaseCampo::Texto, 1);
-    c.OnCalcFields = [&c] {
-        static const QRegularExpression numerico("^[0-9]{1,15}$"); // uno con letras no lo lleva
-        const QString nit = c.FieldByName("NIT").texto();
-        c.FieldByName("DV") =
-            numerico.match(nit).hasMatch() ? QString::number(Tfdmter::dv(nit)) : QString();
-    };
+    c.texto("DV", 1).etiqueta("DV");
 }
 
 } // namespace

@@ -26,6 +26,13 @@ protected:
             reject();
             return;
         }
+        // Qt anima la letra de un botón y obra una décima después: lo que se teclee ya es de otro.
+        for (QAbstractButton* boton : buttons()) {
+            const QKeySequence letra = boton->shortcut();
+            if (!letra.isEmpty() && letra[0].key() == evento->key() &&
+                !(evento->modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)))
+                return boton->click();
+        }
         QMessageBox::keyPressEvent(evento);
     }
     void closeEvent(QCloseEvent* evento) override {

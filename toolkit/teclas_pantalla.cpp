@@ -6,6 +6,7 @@
 #include "toolkit/controles/memodato.h"
 #include "toolkit/controles/rehusado.h"
 #include "toolkit/lista_teclas.h"
+#include "toolkit/orden_lectura.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QAbstractItemView>
@@ -14,6 +15,7 @@
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTextEdit>
 #include <QToolButton>
 
@@ -79,12 +81,26 @@ bool alguien_reclama(QWidget* desde, const QWidget* hasta, const QKeyEvent& even
     return false;
 }
 
+/// La letra de un botón obra enseguida: Qt la anima y obra una décima después, y lo que se teclee
+/// entre tanto llegaría antes.
+bool oprima_ya(QObject* objeto, const QEvent& evento) {
+    auto* boton = qobject_cast<QAbstractButton*>(objeto);
+    if (!boton || !boton->isEnabled() || static_cast<const QShortcutEvent&>(evento).isAmbiguous())
+        return false;
+    if (boton->isCheckable() && (boton->focusPolicy() & Qt::ClickFocus))
+        boton->setFocus();
+    boton->click();
+    return true;
+}
+
 class DespachoTeclas : public QObject {
 public:
     using QObject::QObject;
 
 protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override {
+        if (evento->type() == QEvent::Shortcut)
+            return oprima_ya(objeto, *evento);
         const bool pregunta = evento->type() == QEvent::ShortcutOverride;
         if ((!pregunta && evento->type() != QEvent::KeyPress) || !objeto->isWidgetType())
             return false;
@@ -195,6 +211,28 @@ bool Pantalla::atienda(QKeyEvent& evento, QWidget* destino, bool solo_pregunta) 
     return true;
 }
 
+namespace {
+
+/// Con Enter en lo último de una página se sigue en la que viene, si es de cajas.
+bool pase_de_pagina(QWidget* foco) {
+    QTabWidget* paginas = nullptr;
+    for (QWidget* w = foco->parentWidget(); w && !paginas; w = w->parentWidget())
+        paginas = qobject_cast<QTabWidget*>(w);
+    QWidget* esta = paginas ? paginas->currentWidget() : nullptr;
+    QWidget* otra = paginas ? paginas->widget(paginas->currentIndex() + 1) : nullptr;
+    if (!otra || otra->findChild<Rejilla*>() || !esta->isAncestorOf(foco) ||
+        orden_de_lectura(esta, foco).constLast() != foco)
+        return false;
+    if (ControlDato* control = control_dato(foco); control && !control->escriba())
+        return true;
+    paginas->setCurrentWidget(otra);
+    if (const auto orden = orden_de_lectura(otra, nullptr); !orden.isEmpty())
+        orden[0]->setFocus(Qt::TabFocusReason);
+    return true;
+}
+
+} // namespace
+
 bool Pantalla::pase_de_control(const QKeyEvent& evento, QWidget* foco, bool solo_pregunta) {
     const auto modificadores = evento.modifiers() & ~kDeTeclado;
     const bool atras = modificadores == Qt::ShiftModifier;
@@ -207,7 +245,7 @@ bool Pantalla::pase_de_control(const QKeyEvent& evento, QWidget* foco, bool solo
         return false;
     if (alguien_reclama(foco, this, evento))
         return false;
-    if (!solo_pregunta) {
+    if (!solo_pregunta && (atras || !pase_de_pagina(foco))) {
         QKeyEvent tab(QEvent::KeyPress, atras ? Qt::Key_Backtab : Qt::Key_Tab,
                       atras ? Qt::ShiftModifier : Qt::NoModifier);
         QApplication::sendEvent(foco, &tab);

@@ -389,6 +389,10 @@ void PantallaComprobante::busque_mandante(const QString& texto) {
 }
 
 void PantallaComprobante::escoja_para_encabezado(const char* campo, const QString& texto) {
+    if (DBEdit1->ReadOnly()) {
+        muestre_mensaje("La fecha del comprobante está bloqueada: no se puede cambiar.");
+        return;
+    }
     const QString actual = texto.isEmpty() ? CMovimiento.FieldByName(campo).texto() : QString();
     escoja_tercero(
         *this, texto, [this, campo](const QString& nit) { reciba_en_encabezado(campo, nit); },

@@ -272,8 +272,13 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
         lineas_niif->rejilla->ReadOnly = true;
         libre_niif = false;
     }
-    if (!libre_2649 && !libre_niif)
+    if (!libre_2649 && !libre_niif) {
         solo_imprima();
+        // Con los dos libros cerrados no queda qué grabar: tampoco al pasar de página.
+        for (ControlDato* c : std::initializer_list<ControlDato*>{
+                 ERef, DBEdit1, DBEdit2, DBEdit3, DBEdit6, Mand, DBCheckBox1, DBCheckBox2, DBMemo1})
+            c->ReadOnly(true);
+    }
     // La rejilla NIIF de un comprobante ajeno se queda como estaba.
     if (!fdm().valor<Llave::ModificarDeOtrosModulos>() &&
         CMovimiento.FieldByName("ENCO_TIPOREF").entero() != 0) {
@@ -448,7 +453,12 @@ void Tfedtmovimien::pegue_filas(LineasLibro& lineas, const QVector<QStringList>&
 }
 
 qint64 Tfedtmovimien::id_por_copiar() {
-    if (hay_por_perder()) {
+    if (hay_por_perder() && solo_imprime_) {
+        // Aquí F2 no graba: no hay cómo hacerlo primero.
+        if (!pregunte_con_no("Se copia el comprobante como está grabado, sin los cambios que tiene "
+                             "sin grabar. Desea continuar?"))
+            return 0;
+    } else if (hay_por_perder()) {
         muestre_mensaje("Grabe primero los cambios: se copia el comprobante como está grabado.");
         return 0;
     }
@@ -520,6 +530,10 @@ void Tfedtmovimien::SBBorrarClick() {
     pedido.numero = t("ENCO_NUMERO");
     pedido.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
     pedido.visto = visto_;
+    if (!libre_2649 && !libre_niif)
+        if (const auto cerrado =
+                revise_bloqueo(t("ENCO_FECHA"), Libro::Decreto2649, fdmcnt().ajustes_libro()))
+            pedido.cerrado = cerrado->texto;
     const ResultadoBorrado resultado = fdmcnt().borrar_comprobante(objectName(), pedido);
     if (resultado == ResultadoBorrado::Negado || resultado == ResultadoBorrado::Borrado)
         cierre();

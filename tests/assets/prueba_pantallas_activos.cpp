@@ -111,7 +111,14 @@ private slots:
         plan.cancele();
         QCOMPARE(s.caja("DepD"), "519530");
         QVERIFY(!s.caja("NomDepD").isEmpty());
-        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        // Enter en la última caja sigue en la otra página, y lo rehusado vuelve a la suya.
+        s.i.espere("No se encontró la cuenta contable indicada.");
+        enfoque(s.p, "DepC");
+        digite("99", Qt::Key_Return);
+        agote_eventos();
+        QCOMPARE(con_foco()->objectName(), "DepC");
+        oprima(Qt::Key_Return);
+        QCOMPARE(con_foco()->objectName(), "EVida");
         QCOMPARE(s.caja("EVida"), "60");
         s.escriba("DetND", "?5");
         QCOMPARE(niif.pedida().texto_busqueda, "5");
@@ -167,13 +174,22 @@ private slots:
         enfoque(s.p, "DBGridEh1", 0);
         digite_celdas({"0001", "0001", "60"});
         enfoque(s.p, "DBGridEh1", 0);
-        digite_celdas({"0001", "0002", "40"});
+        digite_celdas({"0001", "0002", "30"});
         QCOMPARE(valores_de(forma->CCentros, "NomCentro").join('|'), "");
         forma->CCentros.Append();
         forma->CCentros.FieldByName("ACCE_PORC") = "5";
         s.i.espere("Debe indicar el proyecto del centro al que se reparte.");
         QVERIFY_EXCEPTION_THROWN(forma->CCentros.Post(), EdicionAbortada);
         forma->CCentros.Cancel();
+        forma->PageControl1->setCurrentIndex(3);
+        s.i.espere("El reparto por centros de costo suma 90.00 %, y no 100 %: el gasto se "
+                   "repartirá en esa proporción. Desea grabarlo así?",
+                   "No");
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select count(*) from activos_centros"), "0");
+        QCOMPARE(forma->PageControl1->currentIndex(), 2);
+        forma->CCentros.Edit();
+        forma->CCentros.FieldByName("ACCE_PORC") = "40";
         forma->PageControl1->setCurrentIndex(3);
         enfoque(s.p, "DBGridEh2");
         oprima(Qt::Key_Insert);
@@ -213,6 +229,7 @@ private slots:
         QVERIFY(!componente<QWidget>(s.p, "Panel1").isVisible());
         QCOMPARE(valores_de(forma->CDepunidad, "ACFJ_COD"), QStringList({"MAQ", "PARADA"}));
         QCOMPARE(valores_de(forma->CDepunidad, "Unirest"), QStringList({"200", "200"}));
+        QCOMPARE(forma->CDepunidad.FieldByName("Porlibro").texto(), "Local 100, NIIF 200");
         // Lo que nadie digitó se pregunta; el cero digitado se rehúsa.
         s.i.espere("2 activos quedan sin unidades u horas producidas, y este mes no se deprecian. "
                    "Desea continuar?",

@@ -122,6 +122,16 @@ private slots:
         con_foco();
         oprima(Qt::Key_F5);
         QCOMPARE(conjunto(nueva, "CCuentas").FieldByName("CUEN_NOM").texto(), "Otra");
+
+        // De la que ya existe no queda nada.
+        i.espere_modal("Tfpuc", [&](QWidget* v) {
+            QVERIFY(v->findChild<Tfpuc*>()->CPuc->Locate("PUC_COD", {"110515"}));
+            QTest::keyClick(&rejilla(v), Qt::Key_Return);
+        });
+        i.espere("La cuenta 110515 ya existe.");
+        con_foco();
+        oprima(Qt::Key_F5);
+        QCOMPARE(conjunto(nueva, "CCuentas").FieldByName("CUEN_NOM").texto(), QString());
     }
 
     void crear_seleccionados_crea_las_marcadas_con_sus_superiores() {

@@ -165,23 +165,28 @@ void PruebaCopiaYRespaldo::lo_que_hay_en_el_destino_se_borra_todo_o_nada() {
     abra("Tfcopiacatalogo");
     dice(Qt::Key_F2, pregunta, "No");
     QCOMPARE(otra_->consulte("select count(*) from cuentas").entero(), 6);
-    // Con movimiento en una, no se borra ninguna.
+    // Con movimiento en una que no está en el otro plan, no se borra ninguna.
+    otra_->ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('110599', 'Propia')");
     otra_->ejecute("insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values (1, "
-                   "'110505', 5)");
+                   "'110599', 5)");
     i_->espere(pregunta, "Sí");
     i_->espere_comienzo("Se presento el siguiente error: ");
     oprima(Qt::Key_F2);
     QCOMPARE(otra_->consulte("select count(*) || max(cuen_ctajuste) from cuentas").texto(),
-             "6111005");
-    // La que la configuración nombra vuelve con el plan: no lo detiene.
-    otra_->ejecute("delete from saldos_iniciales");
+             "7111005");
+    // La que está en los dos se actualiza, aunque tenga movimiento, y la que la configuración
+    // nombra vuelve con el plan.
+    otra_->ejecute("update saldos_iniciales set cuen_cod = '110505'");
     otra_->ejecute("update configuracion set conf_valor = '110505' where conf_propiedad = 'CUENTA "
                    "DE GANANCIA EN CAMBIO'");
     i_->espere(pregunta, "Sí");
     i_->espere_comienzo("Se copiaron ");
     oprima(Qt::Key_F2);
     agote_eventos();
-    QCOMPARE(otra_->consulte("select cuen_nom from cuentas where cuen_cod = '110505'").texto(),
+    QCOMPARE(otra_
+                 ->consulte("select list(cuen_nom) from cuentas where cuen_cod in ('110505', "
+                            "'110599')")
+                 .texto(),
              "Caja general");
 }
 

@@ -421,6 +421,9 @@ void PruebaMantenimiento::borrar_el_plan_se_detiene_en_la_primera_que_la_base_re
     QCOMPARE(borre_cuentas(c, "61", "6199").borradas, 0);
     QCOMPARE(una(c, "select cuen_ctajuste from cuentas where cuen_cod = '613505'"), "613595");
     nombrada_por("613590");
+    const CuentasBorradas ensayo = borre_cuentas(c, "61", "6199", Paso::Cifras);
+    QCOMPARE(QString::number(ensayo.borradas) + ensayo.detenida, "2613505");
+    QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613595'"), "1");
     const CuentasBorradas r = borre_cuentas(c, "61", "6199");
     QCOMPARE(r.borradas, 2);
     QCOMPARE(r.detenida, "613505");

@@ -35,6 +35,7 @@ private slots:
     void el_mantenimiento_pide_la_opcion_de_cada_herramienta();
     void cada_herramienta_avisa_pregunta_con_cifras_y_hace_data();
     void cada_herramienta_avisa_pregunta_con_cifras_y_hace();
+    void borrar_el_plan_dice_antes_lo_que_se_puede();
     void el_recalculo_se_puede_detener_y_cuenta_lo_que_corrigio();
     void la_estructura_no_se_cambia_con_cuentas_creadas();
     void un_procedimiento_de_usuario_pide_sus_parametros_y_muestra_su_resultado();
@@ -394,6 +395,25 @@ void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_ha
     QCOMPARE(s_->dato(medida), queda);
     QVERIFY(!escritorio()->abierta(pantalla));
     QCOMPARE(saldos_distintos(s_->base.base()), QString());
+}
+
+void PruebaPantallasIntercambio::borrar_el_plan_dice_antes_lo_que_se_puede() {
+    un_movimiento(); // en la 110505
+    s_->base.ejecute({"insert into cuentas (cuen_cod, cuen_nom) values ('110590', 'Sin uso')"});
+    Pantalla* p = pantallas().abrir("Tfborractas");
+    llene(p, "Edit1", "1105");
+    llene(p, "Edit2", "110505");
+    oprima(Qt::Key_Return);
+    i_->espere_comienzo("No se puede borrar ninguna de las 2 cuentas, de la 1105 a la 110505. La "
+                        "primera es la 110505: ");
+    siga(Qt::Key_F2);
+    llene(p, "Edit2", "110590");
+    QCOMPARE(componente<QLabel>(p, "Nombre2").text(), QString()); // el de la anterior no se queda
+    i_->espere_comienzo("De las 4 cuentas, de la 1105 a la 110590, se borrarán 2 y quedarán 2, "
+                        "desde la 110505: ",
+                        "No");
+    siga(Qt::Key_F2);
+    QCOMPARE(s_->dato("select count(*) from cuentas where cuen_cod = '110590'"), "1");
 }
 
 void PruebaPantallasIntercambio::el_recalculo_se_puede_detener_y_cuenta_lo_que_corrigio() {

@@ -401,6 +401,17 @@ private slots:
                  "7:111005,8:110505");
         s.i.espere("No se encontró el concepto solicitado.");
         QVERIFY(!pantallas().abrir("Tfmodconcepto"));
+        // Lo que falta se dice con su rótulo, y la línea que se quita se lleva sus nombres.
+        s.abra("Tfnvoconcepto");
+        dice(Qt::Key_F2, "Falta ingresar el código del concepto.");
+        QCOMPARE(con_foco()->objectName(), "ECod");
+        enfoque(s.p, "DBGridEh1");
+        oprima(Qt::Key_Insert);
+        enfoque(s.p, "DBGridEh1", 1);
+        digite_celdas({"110505"});
+        QVERIFY(!s.caja("NomCuenta").isEmpty());
+        componente<Rejilla>(s.p, "DBGridEh1").conjunto()->Delete();
+        QCOMPARE(s.caja("NomCuenta"), QString());
     }
 
     void la_diferencia_en_cambio_muestra_cada_documento() {

@@ -147,6 +147,8 @@ void PruebaCertificados::lo_impreso_es_lo_retenido_del_libro() {
     configure(s, "FIRMA PARA CERTIFICADOS DE RETENCION", "Mónica Vélez");
     configure(s, "CARGO PARA CERTIFICADOS DE RETENCION", "Contadora");
     configure(s, "NIT COMPAÑIA", "901555123-4");
+    // El dígito es el de su ficha, no el que daría la cuenta.
+    s.base.ejecute({"update terceros set terc_dv = '0' where terc_nit = '800456789'"});
     auto* p = s.abra<Tfrngcertificados>("Tfrngcertificados");
     QString orden;
     p->CAuxiliar.AfterOpen = [&] { orden = p->CAuxiliar.CommandText; };
@@ -162,7 +164,7 @@ void PruebaCertificados::lo_impreso_es_lo_retenido_del_libro() {
     QCOMPARE(texto.count('\f'), 2);
     const QString andina = texto.section('\f', 0, 0), tornillo = texto.section('\f', 1, 1);
     for (const auto& [hoja, datos] :
-         {std::pair{andina, QStringList{"Distribuidora Andina Ltda.", "800456789", "No. 0042",
+         {std::pair{andina, QStringList{"Distribuidora Andina Ltda.", "800456789-0", "No. 0042",
                                         "150,000.00", "3,750.00", "2.50"}},
           {tornillo, QStringList{"Ferretería El Tornillo S.A.S.", "900123456-8", "No. 0043",
                                  "31,080.00", "777.00"}}}) {

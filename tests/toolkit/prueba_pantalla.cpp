@@ -254,6 +254,26 @@ private slots:
         QCOMPARE(saque().first(), "TfA cierra");
     }
 
+    void la_letra_de_un_boton_obra_enseguida() {
+        Principal p;
+        p.abra("TfA");
+        Interlocutor i;
+        i.espere_modal("dialogo", [](QWidget* d) {
+            QTest::keyClick(d, Qt::Key_S);
+            QVERIFY(!d->isVisible()); // lo que se teclee después ya no es de la pregunta
+        });
+        QVERIFY(pregunte_con_no("Desea salir?"));
+        // Y con Alt, la de un botón de la pantalla.
+        auto* a = static_cast<Ejemplo*>(p.escritorio.activa());
+        p.ventana.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&p.ventana));
+        a->grabar->setText("&Vista");
+        a->caja->setFocus();
+        saque();
+        QTest::keyClick(a->caja, Qt::Key_V, Qt::AltModifier);
+        QCOMPARE(saque(), QStringList{"TfA graba"});
+    }
+
     void una_tecla_no_entra_dos_veces_ni_con_la_repeticion() {
         Principal p;
         Ejemplo* a = p.abra("TfA");
