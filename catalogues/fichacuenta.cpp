@@ -11,6 +11,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
+#include "toolkit/nombrado.h"
 #include "toolkit/sin_grabar.h"
 
 #include <QLabel>
@@ -50,8 +51,7 @@ void FichaCuenta::arme_ficha() {
     ECodigo = editor("ECodigo", "CUEN_COD", kDigitos);
     ENombre = editor("ENombre", "CUEN_NOM", 40);
     ENombre->setMinimumWidth(ancho_caracteres(fontMetrics(), kLetrasNombre));
-    LTipo = new ListaDato(CCuentas, "CUEN_TIPO", this);
-    LTipo->setObjectName("LTipo");
+    LTipo = nombrado(new ListaDato(CCuentas, "CUEN_TIPO", this), "LTipo");
     LTipo->lista_de(clases_cuenta().nombres, clases_cuenta().codigos);
     CkActiva = casilla("CkActiva", "Ac&tiva", "CUEN_ACTIVA");
     CkTerceros = casilla("CkTerceros", "Detalla &terceros", "CUEN_TERCERO");
@@ -88,8 +88,7 @@ void FichaCuenta::arme_ficha() {
         escoger->setToolTip("Escoger del plan NIIF");
         escoger->setAccessibleName("Escoger la cuenta NIIF equivalente");
         connect(escoger, &QToolButton::clicked, this, [this] { ejecute(ECtaAjus->OnDblClick); });
-        NomCtaniif = new QLabel(this);
-        NomCtaniif->setObjectName("NomCtaniif");
+        NomCtaniif = nombrado(new QLabel(this), "NomCtaniif");
         NomCtaniif->setWordWrap(true);
         NomCtaniif->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         // Suelta, su rótulo correría los campos de arriba.
@@ -98,8 +97,7 @@ void FichaCuenta::arme_ficha() {
     }
     forma.fila("Nor&ma", ENorma).fin_grupo();
     if (plan(libro_).con_auditoria) {
-        LabAudit = new QLabel(this);
-        LabAudit->setObjectName("LabAudit");
+        LabAudit = nombrado(new QLabel(this), "LabAudit");
         forma.ancha(LabAudit, 0);
     }
     arme_botones();

@@ -1,6 +1,6 @@
 #include "exchange/forma_copia.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "exchange/pch.h"
 
 #include <QScopeGuard>

@@ -1,6 +1,6 @@
 #include "exchange/mantenimiento.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 
 namespace {
 

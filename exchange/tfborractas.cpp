@@ -1,6 +1,6 @@
 #include "exchange/tfborractas.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "exchange/pch.h"
 #include "libro/catalogos.h"
 #include "toolkit/barraestado.h"

@@ -1,6 +1,6 @@
 #include "exchange/tfborramov.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "exchange/pch.h"
 #include "toolkit/controles/lista_tecleo.h"
 

@@ -1,6 +1,6 @@
 #include "exchange/tfcambiacate.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "exchange/pch.h"
 
 Tfcambiacate::Tfcambiacate() : FormaMantenimiento("Tfcambiacate", "Cambiar detalle cuenta") {

@@ -1,6 +1,6 @@
 #include "exchange/tfchequeosaldos.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "exchange/pch.h"
 #include "toolkit/controles/fecha_contable.h"
 

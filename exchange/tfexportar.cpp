@@ -1,6 +1,6 @@
 #include "exchange/tfexportar.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "datos/firebird/reloj.h"
 #include "exchange/pch.h"
 #include "toolkit/controles/fecha_contable.h"

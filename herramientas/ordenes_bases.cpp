@@ -1,5 +1,5 @@
 // Crear, actualizar, respaldar, restaurar, verificar y compactar bases.
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "datos/firebird/reloj.h"
 #include "datos/firebird/servicios.h"
 #include "herramientas/administracion.h"

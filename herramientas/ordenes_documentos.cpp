@@ -1,5 +1,5 @@
 // Cargar y listar documentos e interfaces contables donde no están los módulos hermanos.
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "herramientas/documentos.h"
 #include "herramientas/factura_electronica.h"
 #include "herramientas/interfaces.h"

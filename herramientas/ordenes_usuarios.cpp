@@ -1,6 +1,6 @@
 // Usuarios, permisos, configuración y línea de arranque.
-#include "datos/concuerde.h"
 #include "datos/firebird/claves.h"
+#include "datos/firebird/concuerde.h"
 #include "herramientas/administracion.h"
 #include "herramientas/ordenes.h"
 

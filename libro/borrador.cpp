@@ -1,6 +1,6 @@
 #include "libro/borrador.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "libro/columnas_comprobante.h"
 
 #include <QJsonArray>

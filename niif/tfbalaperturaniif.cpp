@@ -1,7 +1,7 @@
 #include "niif/tfbalaperturaniif.h"
 
 #include "catalogues/grabe_y_anuncie.h"
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "niif/apertura.h"
 #include "niif/paginas.h"
 #include "niif/pch.h"

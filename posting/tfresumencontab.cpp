@@ -1,6 +1,6 @@
 #include "posting/tfresumencontab.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "posting/pch.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/texto_de_fila.h"

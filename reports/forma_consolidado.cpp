@@ -1,6 +1,6 @@
 #include "reports/forma_consolidado.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "sesion/instalacion.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"

@@ -1,6 +1,6 @@
 #include "reports/lienzo_informe.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "datos/firebird/reloj.h"
 #include "libro/catalogos.h"
 #include "toolkit/estilo.h"

@@ -1,6 +1,6 @@
 #include "sesion/borrador_filas.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "datos/firebird/reloj.h"
 #include "datos/recordset/cambios_escritos.h"
 #include "libro/borrador.h"

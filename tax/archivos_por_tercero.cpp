@@ -1,6 +1,6 @@
 #include "tax/archivos_por_tercero.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 
 #include <QRegularExpression>
 #include <QSet>

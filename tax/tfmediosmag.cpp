@@ -1,7 +1,7 @@
 #include "tax/tfmediosmag.h"
 
 #include "catalogues/columnas_auxiliar.h"
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "libro/fechas.h"
 #include "sesion/tfdm.h"
 #include "tax/medio_distrital.h"

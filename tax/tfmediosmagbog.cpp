@@ -1,6 +1,6 @@
 #include "tax/tfmediosmagbog.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "sesion/instalacion.h"
 #include "sesion/peticiones.h"

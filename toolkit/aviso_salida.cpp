@@ -1,6 +1,6 @@
 #include "toolkit/aviso_salida.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 
 #include <QDir>
 #include <QPrinter>

@@ -1,6 +1,6 @@
 #pragma once
 // Piezas pequeñas con que se arman las pantallas de comprobantes.
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/nombrado.h"
 

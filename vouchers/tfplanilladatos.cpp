@@ -1,7 +1,7 @@
 #include "vouchers/tfplanilladatos.h"
 
 #include "catalogues/grabe_y_anuncie.h"
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "libro/catalogos.h"
 #include "libro/numeracion.h"
 #include "libro/revision.h"

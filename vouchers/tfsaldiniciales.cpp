@@ -1,7 +1,7 @@
 #include "vouchers/tfsaldiniciales.h"
 
 #include "catalogues/grabe_y_anuncie.h"
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "sesion/borrador_filas.h"
 #include "sesion/instalacion.h"
 #include "sesion/variables_informe.h"

@@ -175,7 +175,7 @@ private slots:
         digite_celdas({"0001", "0001", "60"});
         enfoque(s.p, "DBGridEh1", 0);
         digite_celdas({"0001", "0002", "30"});
-        QCOMPARE(valores_de(forma->CCentros, "NomCentro").join('|'), "");
+        QCOMPARE(valores_de(forma->CCentros, "NomCentro").join('|'), "Gerencia|Contabilidad|");
         forma->CCentros.Append();
         forma->CCentros.FieldByName("ACCE_PORC") = "5";
         s.i.espere("Debe indicar el proyecto del centro al que se reparte.");

@@ -59,7 +59,10 @@ void PruebaActualizacion::initTestCase() {
                               " pldc_titulo) values (7, %1)")
                           .arg(QLatin1String(dato)));
     }
-    // Muere en cualquier punto: la base no pasa por buena, y repetir la orden la termina.
+    // Muere en cualquier punto: la base no pasa por buena, y repetir la orden la termina. Con su
+    // propia carpeta de bloqueos: un cerrojo del que murió solo lo suelta el motor cuando en ella
+    // no queda nadie, y esta prueba sigue en la suya.
+    qputenv("XDG_DATA_HOME", carpeta_.filePath("aparte").toUtf8());
     for (const char* segundos : {"0.2", "0.5", "1.5", "2"}) {
         corra("timeout",
               {"-s", "KILL", segundos, QCoreApplication::applicationDirPath() + "/quorvex-admin",

@@ -1,6 +1,6 @@
 #include "toolkit/rejilla/anuncio_pegado.h"
 
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"

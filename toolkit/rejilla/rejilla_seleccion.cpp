@@ -1,5 +1,5 @@
 // Filas marcadas y portapapeles.
-#include "datos/concuerde.h"
+#include "datos/firebird/concuerde.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include "toolkit/controles/pegado_en_linea.h"
