@@ -176,14 +176,20 @@ se_ve_el_aviso() {
 # espere_archivo RUTA: que esté entero, porque el programa ya no lo toca.
 espere_archivo() { aguarde "No se grabó ${1##*/}." [ -s "$1" ]; }
 
-# guarde_lista NOMBRE: la rejilla que tiene el teclado, por su menú, con tabuladores.
+# grabe_en RUTA: en el diálogo de grabar que está abierto, hasta que el archivo esté.
+grabe_en() {
+    espere_ventana "^Guardar"
+    teclas ctrl+a
+    escriba "$1"
+    teclas Return
+    # Si la carpeta acaba de leerse, esa la toma la lista de los nombres que el diálogo sugiere.
+    hay_ventana "^Guardar" && teclas Return
+    espere_archivo "$1"
+}
+# guarde_lista NOMBRE: la rejilla que tiene el teclado, por su menú y en un archivo de texto.
 guarde_lista() {
     teclas Menu g
-    espere_ventana "Guardar selección"
-    teclas ctrl+a
-    escriba "$fotos/$1.txt"
-    teclas Return
-    espere_archivo "$fotos/$1.txt"
+    grabe_en "$fotos/$1.txt"
 }
 
 # a_pdf NOMBRE [HOJAS]: graba el informe que ya pidió sus opciones, mira que diga lo suyo y deja la
@@ -195,11 +201,7 @@ a_pdf() {
     escriba "PDF"
     [ "$pdfs" = 0 ] && foto "opciones_$nombre"
     teclas Return
-    espere_ventana "Guardar"
-    teclas ctrl+a
-    escriba "$fotos/$nombre.pdf"
-    teclas Return
-    espere_archivo "$fotos/$nombre.pdf"
+    grabe_en "$fotos/$nombre.pdf"
     foco
     local textos
     IFS=$'\t' read -ra textos < \
