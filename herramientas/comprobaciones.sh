@@ -45,8 +45,8 @@ hay_comprobante() {
 }
 # quede_comprobante TIPO CONCEPTO FECHA [HASTA] <<FIN: el único nuevo con ese concepto. Cada
 # renglón: cuenta tercero proyecto centro débito crédito, con "-" en lo que no lleva. Los que
-# empiezan por NIIF son los de ese libro; si no hay ninguno, es igual al otro. "NIIF nada": en ese no
-# quedó. Con HASTA, la fecha puede ser cualquiera entre las dos.
+# empiezan por NIIF son los de ese libro; si no hay ninguno, es igual al otro. "NIIF nada": en
+# ese no quedó. Con HASTA, la fecha puede ser cualquiera entre las dos.
 quede_comprobante() {
     local suyo="e.enco_consec > $ultimo and e.tico_cod = '$1' and e.enco_concepto = '$2'"
     local renglones libro consulta tabla
