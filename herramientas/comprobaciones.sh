@@ -3,10 +3,10 @@
 exigidos=0
 mkdir -p "$trabajo/exigido"
 
-# consulte GUIÓN: lo que responde la compañía, sin blancos de relleno. El programa está cerrado.
+# consulte [BASE]: lo que responde la compañía, sin blancos de relleno. El programa está cerrado.
 consulte() {
     { echo "set heading off;"; cat; } |
-        isql-fb -q -ch UTF8 -user SYSDBA "$trabajo/datos/001/quorvex.fdb" 2>&1 |
+        isql-fb -q -ch UTF8 -user SYSDBA "${1:-$trabajo/datos/001/quorvex.fdb}" 2>&1 |
         sed 's/[[:space:]]*$//; /^$/d'
 }
 # ultimo: el consecutivo del último comprobante que ya estaba.
@@ -22,14 +22,37 @@ quede() {
     echo "$2" >"$n.sql"
     cat >"$n.esperado"
 }
-# quede_comprobante TIPO CONCEPTO FECHA <<FIN: el único nuevo con ese concepto. Cada renglón:
-# cuenta tercero proyecto centro débito crédito, con "-" en lo que no lleva. Los que empiezan por
-# NIIF son los de ese libro; si no hay ninguno, es igual al otro. "NIIF nada": en ese no quedó.
+# anotado QUÉ HALLADO <<FIN: lo que ya se sabe que había, para decirlo al cerrar con lo demás.
+anotado() {
+    exigidos=$((exigidos + 1))
+    local n=$trabajo/exigido/$(printf '%03d' "$exigidos")
+    echo "${guion##*/}: $1" >"$n.que"
+    echo "$2" >"$n.hallado"
+    cat >"$n.esperado"
+}
+# estaba QUÉ SQL [COMPAÑÍA] <<FIN: lo mismo que quede, pero ya, antes de que se borre: en una copia,
+# que el programa tiene la base para sí. Lo confirmado está entero en el disco.
+estaba() {
+    cp "$trabajo/datos/${3:-001}/quorvex.fdb" "$trabajo/copia.fdb"
+    anotado "$1" "$(echo "$2;" | consulte "$trabajo/copia.fdb")"
+    rm "$trabajo/copia.fdb"
+}
+# hay_comprobante CONCEPTO: está el nuevo que después se deshace.
+hay_comprobante() {
+    estaba "«$1» antes de deshacerse" "select 'hay ' || count(distinct e.enco_consec)
+        from comprobante_encabezado e join comprobante_detalle d on d.enco_consec = e.enco_consec
+        where e.enco_concepto = '$1' and e.enco_consec > $ultimo" <<<"hay 1"
+}
+# quede_comprobante TIPO CONCEPTO FECHA [HASTA] <<FIN: el único nuevo con ese concepto. Cada
+# renglón: cuenta tercero proyecto centro débito crédito, con "-" en lo que no lleva. Los que
+# empiezan por NIIF son los de ese libro; si no hay ninguno, es igual al otro. "NIIF nada": en
+# ese no quedó. Con HASTA, la fecha puede ser cualquiera entre las dos.
 quede_comprobante() {
     local suyo="e.enco_consec > $ultimo and e.tico_cod = '$1' and e.enco_concepto = '$2'"
     local renglones libro consulta tabla
     renglones=$(cat)
-    consulta="select e.enco_fecha from comprobante_encabezado e where $suyo;"
+    consulta="select iif(e.enco_fecha between '$3' and '${4:-$3}', '$3', e.enco_fecha)
+        from comprobante_encabezado e where $suyo;"
     for tabla in comprobante_detalle comprobante_detalle_niif; do
         libro=$([ "$tabla" = comprobante_detalle ] || echo "NIIF ")
         consulta+="select '$libro' || d.cuen_cod || ' ' || coalesce(d.terc_nit, '-') || ' ' ||

@@ -3,6 +3,8 @@
 # Usa $trabajo, $fotos, $programa, $gestor, $pantalla y $con_fotos.
 numero=0
 pdfs=0
+mkfifo "$trabajo/nadie"
+exec {nadie}<>"$trabajo/nadie"
 
 # abra_pantalla: la virtual, con un gestor de ventanas que no tiene teclas propias.
 abra_pantalla() {
@@ -56,32 +58,35 @@ viva() {
     falle "El programa terminó antes de tiempo, con $estado."
 }
 
-# quieto: todos los hilos del programa, del gestor y de la pantalla duermen; en $gasto queda el
-# tiempo de procesador de cada uno.
+# quieto: todos los hilos del programa, del gestor y de la pantalla duermen; en $gasto queda lo que
+# cada uno ha corrido, en nanosegundos si el sistema los cuenta.
+reloj=schedstat
+[ -r /proc/self/schedstat ] || reloj=stat
 quieto() {
-    local proceso hilo renglon campos
+    local proceso hilo renglon corrido
     gasto=
     for proceso in $programa $gestor $pantalla; do
-        for hilo in /proc/"$proceso"/task/*/stat; do
-            { read -r renglon <"$hilo"; } 2>/dev/null || continue
-            campos=(${renglon##*) })
-            case ${campos[0]} in R | D) return 1 ;; esac
-            gasto+=" ${campos[11]} ${campos[12]}"
+        for hilo in /proc/"$proceso"/task/*; do
+            { read -r renglon <"$hilo/stat" && read -r corrido <"$hilo/$reloj"; } 2>/dev/null ||
+                continue
+            case ${renglon##*) } in R* | D*) return 1 ;; esac
+            gasto+=" $corrido"
         done
     done
 }
 # calma: tres miradas seguidas en que nadie hizo nada.
 calma() {
-    local antes= quietas=0 hasta=$((SECONDS + 180))
+    local antes= quietas=1 hasta=$((SECONDS + 180))
     while [ "$SECONDS" -lt "$hasta" ]; do
-        if quieto && [ "$gasto" = "$antes" ]; then
-            quietas=$((quietas + 1))
+        if quieto; then
+            [ "$gasto" = "$antes" ] && quietas=$((quietas + 1)) || quietas=1
             [ "$quietas" = 3 ] && return 0
+            antes=$gasto
         else
-            quietas=0
+            quietas=0 antes=
         fi
-        antes=$gasto
-        sleep 0.01
+        # Un plazo que se vence leyendo lo que nadie escribe: sin procesos que gasten.
+        read -rt 0.012 -u "$nadie" || true
     done
     falle "El programa no acabó de atender la última tecla."
 }
@@ -104,9 +109,9 @@ teclas() {
     foco
     for tecla in "$@"; do
         xdotool key --clearmodifiers --delay 1 "$tecla"
-        calma
         # Con su letra un botón queda hundido una décima de segundo antes de obrar.
-        [[ $tecla == ? || $tecla == alt+? ]] && sleep 0.11 && calma
+        [[ $tecla == ? || $tecla == alt+? ]] && sleep 0.11
+        calma
     done
     viva
 }
@@ -141,45 +146,50 @@ fila() {
 opcion() { teclas "$@" Return; }
 
 foto() {
-    viva
-    calma
-    [ -n "$con_fotos" ] || return 0
+    [ -n "$con_fotos" ] || return 0 # quien tecleó ya esperó
     espere "${2:-0.4}"
+    viva
     numero=$((numero + 1))
     import -window root "$fotos/$(printf '%02d' "$numero")_$1.png"
     echo "  $(printf '%02d' "$numero") $1"
 }
 hay_ventana() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
-espere_ventana() {
-    local hasta=$((SECONDS + 120))
+# aguarde FALTA ORDEN...: hasta que la orden acierte y haya calma.
+aguarde() {
+    local falta=$1 hasta=$((SECONDS + 120))
+    shift
     while [ "$SECONDS" -lt "$hasta" ]; do
-        hay_ventana "$1" && calma && return
+        "$@" && calma && return
         viva
-        sleep 0.05
+        read -rt 0.05 -u "$nadie" || true
     done
-    falle "No apareció la ventana «$1»."
+    falle "$falta"
 }
+espere_ventana() { aguarde "No apareció la ventana «$1»." hay_ventana "$1"; }
 # espere_aviso: el de los mensajes, que es del programa y no una ventana: se le ve el color.
-espere_aviso() {
-    local hasta=$((SECONDS + 120))
-    while [ "$SECONDS" -lt "$hasta" ]; do
-        # Quien busca lee hasta el final: si se fuera antes, la foto quedaría por fallida.
-        import -window root -depth 8 -format %c histogram:info:- |
-            grep -E ' [0-9]{5,}: .*#80FFFF' >/dev/null && calma && return
-        viva
-        sleep 0.2
-    done
-    falle "No apareció el aviso de un mensaje."
+espere_aviso() { aguarde "No apareció el aviso de un mensaje." se_ve_el_aviso; }
+se_ve_el_aviso() {
+    # Quien busca lee hasta el final: si se fuera antes, la foto quedaría por fallida.
+    import -window root -depth 8 -format %c histogram:info:- |
+        grep -E ' [0-9]{5,}: .*#80FFFF' >/dev/null
 }
 # espere_archivo RUTA: que esté entero, porque el programa ya no lo toca.
-espere_archivo() {
-    local hasta=$((SECONDS + 120))
-    while [ "$SECONDS" -lt "$hasta" ]; do
-        [ -s "$1" ] && calma && return
-        viva
-        sleep 0.05
-    done
-    falle "No se grabó ${1##*/}."
+espere_archivo() { aguarde "No se grabó ${1##*/}." [ -s "$1" ]; }
+
+# grabe_en RUTA: en el diálogo de grabar que está abierto, hasta que el archivo esté.
+grabe_en() {
+    espere_ventana "^Guardar"
+    teclas ctrl+a
+    escriba "$1"
+    teclas Return
+    # Si la carpeta acaba de leerse, esa la toma la lista de los nombres que el diálogo sugiere.
+    hay_ventana "^Guardar" && teclas Return
+    espere_archivo "$1"
+}
+# guarde_lista NOMBRE: la rejilla que tiene el teclado, por su menú y en un archivo de texto.
+guarde_lista() {
+    teclas Menu g
+    grabe_en "$fotos/$1.txt"
 }
 
 # a_pdf NOMBRE [HOJAS]: graba el informe que ya pidió sus opciones, mira que diga lo suyo y deja la
@@ -191,11 +201,7 @@ a_pdf() {
     escriba "PDF"
     [ "$pdfs" = 0 ] && foto "opciones_$nombre"
     teclas Return
-    espere_ventana "Guardar"
-    teclas ctrl+a
-    escriba "$fotos/$nombre.pdf"
-    teclas Return
-    espere_archivo "$fotos/$nombre.pdf"
+    grabe_en "$fotos/$nombre.pdf"
     foco
     local textos
     IFS=$'\t' read -ra textos < \

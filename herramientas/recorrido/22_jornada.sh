@@ -125,6 +125,7 @@ importe 11100501 "" "" "" "" 5000
 grabe
 busque "Nota b" "Nota que sobra"
 foto por_borrar
+hay_comprobante "Nota que sobra"
 teclas F3 Escape
 foto pregunta_borrar
 teclas s Escape
@@ -135,10 +136,11 @@ quede "la nota que se borró" "select 'quedan ' || count(*) from comprobante_enc
 busque "Factura de c" "Compra de pintura"
 teclas ctrl+i
 foto pregunta_reverso
+antes=$(date +%Y%m%d)
 teclas s
 foto reverso
 teclas Escape Escape Escape
-quede_comprobante FC "Reverso de FC 0001 000029. Compra de pintura" "$(date +%Y%m%d)" <<FIN
+quede_comprobante FC "Reverso de FC 0001 000029. Compra de pintura" "$antes" "$(date +%Y%m%d)" <<FIN
 519530 838515576 0001 0001 0.00 250000.00
 240810 - - - 0.00 47500.00
 220505 838515576 - - 297500.00 0.00

@@ -98,6 +98,7 @@ foto cierre_anual 0.8
 teclas F2
 espere 2
 foto cierres_anuales 0.8
+hay_comprobante "Cierre de resultados"
 teclas F4
 foto comprobante_del_cierre 2
 teclas F2
@@ -130,6 +131,7 @@ foto cierre_de_terceros 0.8
 teclas F2
 teclas ctrl+End # los de los impuestos ya estaban
 foto cierres_de_terceros 1.5
+hay_comprobante "Cierre de proveedores"
 teclas F4
 foto comprobante_del_cierre_de_terceros 1.5
 teclas Escape
@@ -151,6 +153,7 @@ teclas Tab
 foto ajuste_por_inflacion 0.8
 teclas F2
 foto ajustes_por_inflacion 1.5
+hay_comprobante "Ajuste de diciembre"
 teclas F4
 foto comprobante_del_ajuste 1.5
 teclas Escape

@@ -55,6 +55,12 @@ teclas Return
 foto importar_rechazados 1
 teclas Escape F2
 foto importar_terminada 1.5
+anotado "los comprobantes rechazados" "$(grep -aoE 'Num:0*1[234]$' \
+    "$trabajo/aplicacion/ERRIMPCN.TXT" | sed -E 's/Num:0*//' | sort -u)" <<FIN
+12
+13
+14
+FIN
 teclas Return Escape
 teclas Return
 teclas F2
@@ -191,6 +197,11 @@ teclas Tab
 foto copiar_terceros 0.8
 teclas F2
 foto terceros_copiados 2
+estaba "lo copiado a la 002" "select terc_nit || ' ' || terc_nom from terceros
+    where terc_nit in ('830990015', '830990023') order by 1" 002 <<FIN
+830990015 Ferretería del Puerto S.A.S.
+830990023 Transportes La Ceiba Ltda.
+FIN
 teclas Return
 
 # --- respaldo, que queda dicho en la barra de estado

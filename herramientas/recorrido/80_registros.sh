@@ -7,7 +7,7 @@ halle() {
     escriba "$1"
     teclas Return
 }
-# tres_cuentas: en el plan abierto crea tres, corrige la segunda y borra la tercera.
+# tres_cuentas TABLA: en el plan abierto crea tres, corrige la segunda y borra la tercera.
 tres_cuentas() {
     local cual
     teclas F5
@@ -27,6 +27,7 @@ tres_cuentas() {
     foto cuenta_corregida
     teclas F2 Escape
     halle 11051503
+    estaba "la cuenta por borrar" "select cuen_cod from $1 where cuen_cod = '11051503'" <<<11051503
     teclas F3
     foto cuenta_por_borrar
     teclas s
@@ -41,11 +42,11 @@ quedan_cuentas() {
 FIN
 }
 teclas ctrl+F4
-tres_cuentas
+tres_cuentas cuentas
 quedan_cuentas cuentas
 teclas alt+c Tab Return
 foto plan_niif
-tres_cuentas
+tres_cuentas cuentas_niif
 teclas Escape
 quedan_cuentas cuentas_niif
 
@@ -83,6 +84,8 @@ done
 teclas ctrl+F6
 halle Sobrante
 foto tercero_hallado
+estaba "el tercero por borrar" "select trim(terc_apellido1) from terceros
+    where terc_nit = '52001008'" <<<Sobrante
 teclas F3
 foto tercero_por_borrar
 teclas s

@@ -64,6 +64,14 @@ foto configurado_detalle
 teclas F2 Escape Escape
 cierre_anexo
 
+quede "lo configurado" "select cfcr_cuenta || ' ' || cfcr_ctabase
+    from configura_certrete where cfcr_cuenta = '236540' and cfcr_ctabase = '5120' union all
+    select crcd_cuenta || ' ' || crcd_nombre from cuentas_reporte_certdet
+    where crcd_cuenta = '5155'" <<FIN
+236540 5120
+5155 Viajes tecleados
+FIN
+
 # Dos notas: se corrige una y se borra la otra.
 menu e
 teclas Return
@@ -79,6 +87,11 @@ done
 foto notas
 teclas ctrl+End F3
 foto nota_por_borrar
+estaba "la nota por borrar" "select noef_titulo from notas_estados_financieros
+    where noef_titulo starting 'Nota ' order by 1" <<FIN
+Nota que sobra
+Nota tecleada
+FIN
 teclas s
 teclas ctrl+End F4
 escriba "Corregida. "
@@ -101,6 +114,8 @@ foto informe_grabado
 teclas Escape
 foto informes_definibles
 teclas Escape Escape
+quede "el informe definido" "select foco_nombre from formatos_contables
+    where foco_id = 901" <<<"Informe tecleado"
 
 # Varios comprobantes de una vez.
 teclas alt+b Down Down Return
