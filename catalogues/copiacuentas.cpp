@@ -1,6 +1,8 @@
 #include "catalogues/copiacuentas.h"
 
+#include "datos/firebird/concuerde.h"
 #include "sesion/tfdm.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/dialogos.h"
 
 void copie_cuentas_a_niif() {
@@ -13,8 +15,15 @@ void copie_cuentas_a_niif() {
                         "previamente.");
         return;
     }
-    if (pregunte(
+    if (!pregunte(
             "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) al plan de cuentas "
             "NIIF. Desea continuar?"))
-        consulta.ExecSQL("execute procedure copia_cuentas_niif");
+        return;
+    consulta.ExecSQL("execute procedure copia_cuentas_niif");
+    consulta.Open("select count(*) from cuentas_niif");
+    const qint64 copiadas = consulta.Fields(0).entero();
+    consulta.Close();
+    if (AvisosBarra* barra = fdm().barra())
+        barra->texto(concuerde(copiadas, "Copiada %1 cuenta al plan NIIF",
+                               "Copiadas %1 cuentas al plan NIIF"));
 }

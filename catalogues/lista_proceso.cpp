@@ -6,6 +6,7 @@
 #include "sesion/tfdmcnt.h"
 #include "toolkit/aviso_trabajo.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
@@ -166,5 +167,8 @@ void ListaProceso::SBBorrarClick() {
                         (llave.numerico() ? llave.texto() : QuotedStr(llave.texto())));
     }
     emit fdmcnt().balance_por_recalcular();
+    if (AvisosBarra* barra = fdm().barra())
+        barra->texto(QString(datos_.pregunta).replace("Desea borrar", "Se borró") +
+                     nombre.join(' '));
     CLista.Refresh();
 }

@@ -33,17 +33,16 @@ AsistenteImportacion recordado(int tipo) {
     a.tipo = tipo;
     a.archivo = m->value("archivo").toString();
     a.formato = m->value("formato", 1).toInt();
-    a.niif = m->value("niif").toBool();
     a.separador = m->value("separador").toInt();
     a.delimitador = m->value("delimitador").toInt();
     return a;
 }
 
+// El libro no se recuerda: el archivo siguiente entraría al NIIF sin que nadie lo pidiera.
 void recuerde(const AsistenteImportacion& a) {
     Memoria m(a.tipo);
     m->setValue("archivo", a.archivo);
     m->setValue("formato", a.formato);
-    m->setValue("niif", a.niif);
     m->setValue("separador", a.separador);
     m->setValue("delimitador", a.delimitador);
 }

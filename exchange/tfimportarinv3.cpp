@@ -61,6 +61,7 @@ void Tfimportarinv3::construya() {
     LAvance = new QLabel;
     LAvance->setObjectName("LAvance");
     LAvance->setTextFormat(Qt::PlainText);
+    LAvance->setWordWrap(true);
     LAvance->hide();
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SpeedButton1", "F2:Importar", "document-open", Qt::Key_F2,
@@ -81,6 +82,8 @@ void Tfimportarinv3::FormCreate() {
     CImportar.Filter(QStringLiteral("IMIN_TIPO = %1").arg(asistente_.tipo));
     CImportar.Filtered(true);
     llene_columnas();
+    if (asistente_.niif)
+        diga_al_pie(LAvance, "Los datos entran al libro NIIF.");
     DBGridEh1->setFocus();
     DBGridEh1->SelectedIndex(1);
 }
@@ -181,10 +184,11 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
     }
     if (resultado.falla)
         reporte_falla(*resultado.falla);
-    diga_al_pie(LAvance, resultado.resumen());
+    const QString resumen = (asistente_.niif ? "Libro NIIF: " : "") + resultado.resumen();
+    diga_al_pie(LAvance, resumen);
     recuerde_importacion({resultado, asistente_.archivo});
     if (AvisosBarra* barra = fdm().barra())
-        barra->texto(resultado.resumen());
+        barra->texto(resumen);
     if (importacion->diario && diario_->sin_escribir())
         fdm().mostrar_advertencia("No se pudo escribir en " + diario_->ruta() +
                                   ": si se repite este archivo, lo que entró se agrega otra vez.");
