@@ -168,7 +168,7 @@ void ListaProceso::SBBorrarClick() {
     }
     emit fdmcnt().balance_por_recalcular();
     if (AvisosBarra* barra = fdm().barra())
-        barra->texto(QString(datos_.pregunta).replace("Desea borrar", "Se borró") +
+        barra->texto(QString(datos_.pregunta).replace("Desea borrar definitivamente", "Se borró") +
                      nombre.join(' '));
     CLista.Refresh();
 }
