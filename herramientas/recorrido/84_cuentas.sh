@@ -6,6 +6,8 @@ teclas Return
 foto cuenta_publicada
 teclas Return
 escriba 11252501
+teclas Tab
+escriba "De amortización moneda nacional"
 foto auxiliar_de_la_publicada
 teclas F2 Escape
 quede "la cuenta del plan publicado" "select cuen_cod || ' ' || cuen_nom from cuentas

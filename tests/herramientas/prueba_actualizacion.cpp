@@ -63,6 +63,8 @@ void PruebaActualizacion::initTestCase() {
     // propia carpeta de bloqueos: un cerrojo del que murió solo lo suelta el motor cuando en ella
     // no queda nadie, y esta prueba sigue en la suya.
     qputenv("XDG_DATA_HOME", carpeta_.filePath("aparte").toUtf8());
+    for (const char* del_motor : {"FIREBIRD", "FIREBIRD_LOCK"})
+        qunsetenv(del_motor);
     for (const char* segundos : {"0.2", "0.5", "1.5", "2"}) {
         corra("timeout",
               {"-s", "KILL", segundos, QCoreApplication::applicationDirPath() + "/quorvex-admin",
