@@ -280,6 +280,10 @@ void Tfprincipal::keyPressEvent(QKeyEvent* evento) {
     const int puesto = evento->key() - Qt::Key_1;
     if (evento->modifiers() == Qt::AltModifier && botones_balance_.value(puesto))
         return botones_balance_[puesto]->click();
+    // Aquí ningún botón es el de la ventana: Enter oprime el que tiene el foco.
+    if (auto* b = qobject_cast<BotonComando*>(focusWidget());
+        b && (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter))
+        return b->click();
     QMainWindow::keyPressEvent(evento);
 }
 

@@ -107,8 +107,25 @@ void ListaProceso::FormCreate() {
 }
 
 void ListaProceso::FormActivate() {
-    if (!std::exchange(recien_abierta_, false) && CLista.Active())
-        CLista.Refresh();
+    if (std::exchange(recien_abierta_, false) || !CLista.Active())
+        return;
+    const QSet<QString> antes = llaves();
+    const bool se_sabian = CLista.completo();
+    CLista.Refresh();
+    if (!se_sabian)
+        return;
+    // Lo que se acaba de hacer queda señalado: si no, F3 ofrecería borrar otro.
+    const QSet<QString> nuevas = llaves() - antes;
+    if (nuevas.size() == 1)
+        CLista.Locate(datos_.llave, {*nuevas.begin()});
+}
+
+QSet<QString> ListaProceso::llaves() const {
+    QSet<QString> todas;
+    const Campo& llave = CLista.FieldByName(datos_.llave);
+    for (int i = 0; i < CLista.RecordCount(); ++i)
+        todas << CLista.valor_en(i, llave).texto();
+    return todas;
 }
 
 bool ListaProceso::FormClose() {

@@ -5,6 +5,8 @@
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/columna_rejilla.h"
 
+#include <QSet>
+
 class BarraBotones;
 class QLineEdit;
 class Rejilla;
@@ -64,6 +66,7 @@ protected:
     BarraBotones* barra_ = nullptr;
 
 private:
+    QSet<QString> llaves() const; ///< de las filas ya traídas
     QVector<QLineEdit*> cajas_;
     QString orden_;
     bool recien_abierta_ = true;

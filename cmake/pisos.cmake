@@ -1,8 +1,10 @@
-# Declara un piso del sistema: una biblioteca estática con todos los .cpp de su carpeta, su cabecera
-# precompilada (pch.h de la carpeta, si existe) y los pisos de los que depende.
+# Declara un piso del sistema: una biblioteca estática con todos los .cpp de su carpeta, los pisos de
+# los que depende y su cabecera precompilada: pch.h de la carpeta o, con CABECERA, la de otro piso de
+# más abajo: construir una por piso cuesta más de lo que ahorra. La de la carpeta se incluye igual.
 #   quorvex_piso(datos_firebird DEPENDE Qt6::Core)
+#   quorvex_piso(tax CABECERA catalogues DEPENDE catalogues)
 function(quorvex_piso nombre)
-  cmake_parse_arguments(P "RECURSIVO" "" "DEPENDE" ${ARGN})
+  cmake_parse_arguments(P "RECURSIVO" "CABECERA" "DEPENDE" ${ARGN})
   if(P_RECURSIVO)
     file(GLOB_RECURSE fuentes CONFIGURE_DEPENDS *.cpp *.h)
   else()
@@ -16,7 +18,9 @@ function(quorvex_piso nombre)
   target_include_directories(${nombre} PUBLIC ${CMAKE_SOURCE_DIR})
   target_link_libraries(${nombre} PUBLIC ${P_DEPENDE})
   target_compile_options(${nombre} PRIVATE -Wall -Wextra -Wno-unused-parameter)
-  if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/pch.h)
+  if(P_CABECERA)
+    target_precompile_headers(${nombre} REUSE_FROM ${P_CABECERA})
+  elseif(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/pch.h)
     target_precompile_headers(${nombre} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/pch.h)
   endif()
 endfunction()

@@ -361,7 +361,8 @@ void FormaConcepto::SBGrabarClick() {
         DBGridEh1->setFocus();
         return;
     }
-    if (grabe_y_anuncie(CConceptos, "Grabado: " + windowTitle()) == 0)
+    if (grabe_y_anuncie(CConceptos,
+                        "Grabado el concepto " + CConceptos.FieldByName("CONC_COD").texto()) == 0)
         close();
     else
         CConceptos.Edit();

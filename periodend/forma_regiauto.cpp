@@ -60,6 +60,7 @@ void FormaRegiauto::construya() {
     ECod = new EditorDato(&CRegistro, "REAU_COD");
     ECod->setObjectName("ECod");
     ECod->ReadOnly(modo_ == Modificar);
+    ECod->ancho(8); // cuatro letras anchas, enteras
     auto* nombre = new EditorDato(&CRegistro, "REAU_NOM");
     nombre->setObjectName("ENombre");
     auto* tipo = new ListaDato(&CRegistro, "TICO_COD");
@@ -157,7 +158,8 @@ void FormaRegiauto::reciba_concepto(const QString& concepto) {
 void FormaRegiauto::SBGrabarClick() {
     CDetalle.CheckBrowseMode();
     CRegistro.Post();
-    if (grabe_y_anuncie(CRegistro, "Grabado: " + windowTitle()) == 0)
+    if (grabe_y_anuncie(CRegistro, "Grabado el registro automático " +
+                                       CRegistro.FieldByName("REAU_COD").texto()) == 0)
         close();
     else
         CRegistro.Edit();
