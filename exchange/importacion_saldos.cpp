@@ -100,11 +100,12 @@ QString ImportacionSaldos::rechazo_de_documento() {
     if (tipo.isEmpty() ||
         codigos(QStringLiteral("select tido_cod from tipo_documento")).contains(tipo))
         return {};
+    const QStringList& ofrecidos =
+        codigos(QStringLiteral("select tido_cod from tipo_documento where tido_cart = 'S' or "
+                               "tido_cxp = 'S' order by tido_cod"));
     return QStringLiteral("El tipo de documento %1 no existe: los de cartera y cuentas por pagar "
                           "son %2.")
-        .arg(tipo, codigos(QStringLiteral("select tido_cod from tipo_documento where tido_cart = "
-                                          "'S' or tido_cxp = 'S' order by tido_cod"))
-                       .join(QStringLiteral(", ")));
+        .arg(tipo, ofrecidos.join(QStringLiteral(", ")));
 }
 
 QStringList ImportacionSaldos::revise(const LineaImportada& l) {
