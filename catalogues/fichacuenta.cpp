@@ -1,6 +1,7 @@
 #include "catalogues/fichacuenta.h"
 
 #include "catalogues/plancuentas.h"
+#include "libro/catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -148,5 +149,19 @@ bool FichaCuenta::hay_nombre() {
         return true;
     muestre_mensaje("Falta ingresar el nombre de la cuenta.");
     ENombre->setFocus();
+    return false;
+}
+
+bool FichaCuenta::hay_equivalente() {
+    const QString cuenta = CCuentas->FieldByName("CUEN_EQNIIF").texto();
+    if (!ECtaAjus || cuenta.isEmpty() || cuenta == equivalente_antes_)
+        return true;
+    Conexion& base = fdm().Quorvex;
+    // Los planes llegan en cualquier orden: sin el NIIF no se sabe cuáles tendrá.
+    if (base.consulte("select first 1 cuen_cod from cuentas_niif").nulo() ||
+        atributos_de_cuenta(base, Libro::Niif, cuenta))
+        return true;
+    muestre_mensaje("La cuenta NIIF " + cuenta + " no existe.");
+    ECtaAjus->setFocus();
     return false;
 }

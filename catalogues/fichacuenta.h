@@ -35,6 +35,8 @@ protected:
     virtual Estado estado_de_trabajo() const = 0;
     /// Falso, con su mensaje, si falta el nombre.
     bool hay_nombre();
+    /// Falso, con su mensaje, si la cuenta NIIF equivalente que se puso no existe.
+    bool hay_equivalente();
     QString tabla() const { return datos(libro_).cuentas; }
     QString codigo() const { return CCuentas->FieldByName("CUEN_COD").texto(); }
 
@@ -48,4 +50,5 @@ protected:
     ListaDato* LTipo;
     QLabel *NomCtaniif = nullptr, *LabAudit = nullptr;
     BarraBotones* barra_;
+    QString equivalente_antes_; ///< la que la cuenta ya tenía no estorba para corregir lo demás
 };

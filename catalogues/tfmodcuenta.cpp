@@ -2,6 +2,7 @@
 
 #include "catalogues/grabe_y_anuncie.h"
 #include "catalogues/plancuentas.h"
+#include "datos/firebird/concuerde.h"
 #include "sesion/auditoria.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
@@ -90,6 +91,7 @@ QStringList Tfmodcuenta::indicadores() const {
 
 void Tfmodcuenta::CCuentasAfterEdit() {
     indicadores_antes_ = indicadores();
+    equivalente_antes_ = CCuentas->FieldByName("CUEN_EQNIIF").texto();
 }
 
 void Tfmodcuenta::CCuentasAfterScroll() {
@@ -103,7 +105,7 @@ int Tfmodcuenta::grabe() {
 }
 
 void Tfmodcuenta::SBGrabarClick() {
-    if (!hay_nombre())
+    if (!hay_nombre() || !hay_equivalente())
         return;
     CCuentas->Post();
     const int errores = grabe();
@@ -129,13 +131,19 @@ void Tfmodcuenta::aplique_a_subcuentas() {
     // Entre tanto otro usuario pudo crear o borrar cuentas: la posición no dice cuál es.
     CCuentas->Locate("CUEN_COD", {cuenta});
     if (const QString sin_cambio = aplique.ParamByName("SIN_CAMBIO").texto(); !sin_cambio.isEmpty())
-        muestre_mensaje("El cambio se aplicó a " + aplique.ParamByName("APLICADAS").texto() +
-                        " subcuentas. Estas no cambiaron, porque ya tienen movimiento:\n" +
+        muestre_mensaje(concuerde(aplique.ParamByName("APLICADAS").entero(),
+                                  "El cambio se aplicó a %1 subcuenta. ",
+                                  "El cambio se aplicó a %1 subcuentas. ") +
+                        concuerde(sin_cambio.count('\n') + 1,
+                                  "Esta no cambió, porque ya tiene movimiento:\n",
+                                  "Estas no cambiaron, porque ya tienen movimiento:\n") +
                         sin_cambio);
 }
 
 void Tfmodcuenta::muevase(bool adelante) {
     if (CCuentas->editando()) {
+        if (!hay_equivalente())
+            return;
         CCuentas->Post();
         if (grabe() > 0) {
             CCuentas->Edit();

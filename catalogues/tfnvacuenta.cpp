@@ -120,7 +120,7 @@ void Tfnvacuenta::SBGrabarClick() {
         ECodigo->setFocus();
         return;
     }
-    if (!hay_nombre())
+    if (!hay_nombre() || !hay_equivalente())
         return;
     CCuentas->Post();
     const QString aviso = QString("Grabada la %1 %2").arg(datos(libro_).cuenta_de, codigo());

@@ -1,5 +1,6 @@
 #include "catalogues/tfpuc.h"
 
+#include "datos/firebird/concuerde.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
@@ -118,10 +119,10 @@ void Tfpuc::SpeedButton1Click() {
             sin_crear << cuenta.texto();
     }
     if (!sin_crear.isEmpty())
-        muestre_mensaje(QStringLiteral("Quedaron creadas %1 de %2 cuentas. La longitud de las "
-                                       "demás no es la de ningún nivel de la estructura: %3.")
-                            .arg(filas.size() - sin_crear.size())
-                            .arg(filas.size())
-                            .arg(sin_crear.join(", ")));
+        muestre_mensaje(
+            concuerde(filas.size() - sin_crear.size(), "Quedó creada %1", "Quedaron creadas %1") +
+            concuerde(filas.size(), " de %1 cuenta. ", " de %1 cuentas. ") +
+            concuerde(sin_crear.size(), "La longitud de la que falta", "La longitud de las demás") +
+            " no es la de ningún nivel de la estructura: " + sin_crear.join(", ") + '.');
     close();
 }

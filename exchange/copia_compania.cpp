@@ -58,7 +58,10 @@ ResultadoCopia pase(Conexion& origen, Conexion& destino, const QString& tabla,
         } catch (const ErrorBase& falla) {
             if (falla.conexion_perdida())
                 throw;
-            r.fallas << codigo + ": " + falla.para_usuario();
+            if (!encima && !entra(codigo)) // otra sesión lo puso entre tanto
+                ++r.omitidos;
+            else
+                r.fallas << codigo + ": " + falla.para_usuario();
         }
     }
     return r;

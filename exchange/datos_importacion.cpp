@@ -4,6 +4,8 @@
 #include "libro/fechas.h"
 #include "libro/importes.h"
 
+#include <QRegularExpression>
+
 namespace {
 
 using D = DatoImportacion;
@@ -89,19 +91,35 @@ DatoLeido rehuse(const QString& razon) {
     return {{}, razon};
 }
 
-/// El importe con lo que cabe en la base: dos decimales y trece cifras enteras.
+/// El importe con lo que cabe en la base: quince cifras con sus decimales.
 DatoLeido lea_numero(const D& dato, const QString& texto) {
     const QString rotulo = QString::fromUtf8(dato.rotulo);
-    const ImporteLeido leido = dato.clase == D::Tasa ? lea_porcentaje(texto) : lea_importe(texto);
-    if (const QString r = rechazo_de_importe(leido, texto, rotulo); !r.isEmpty())
-        return rehuse(r);
-    const int decimales = dato.clase == D::Tasa ? 4 : 2;
-    if (leido.valor.redondeada(decimales) != leido.valor)
+    const bool tasa = dato.clase == D::Tasa;
+    const ImporteLeido leido = tasa ? lea_porcentaje(texto) : lea_importe(texto);
+    const bool bueno = leido.clase == ImporteLeido::Bueno;
+    const int decimales = tasa ? 4 : 2;
+    if (leido.clase == ImporteLeido::MuchosDecimales ||
+        (bueno && leido.valor.redondeada(decimales) != leido.valor))
         return rehuse(QStringLiteral("'%1' tiene más de %2 decimales en %3.")
-                          .arg(texto, QString::number(decimales), rotulo));
-    if (leido.valor.absoluta() > Moneda::de_texto(QStringLiteral("9999999999999.99")))
-        return rehuse(QStringLiteral("'%1' no cabe en %2.").arg(texto, rotulo));
-    return {leido.valor, {}};
+                          .arg(recortado(texto), QString::number(decimales), rotulo));
+    const char* tope = tasa ? "99999999999.9999" : "9999999999999.99";
+    if (leido.clase == ImporteLeido::NoCabe ||
+        (bueno && leido.valor.absoluta() > Moneda::de_texto(QLatin1String(tope))))
+        return rehuse(QStringLiteral("'%1' no cabe en %2: admite %3 cifras enteras.")
+                          .arg(recortado(texto), rotulo, QString::number(15 - decimales)));
+    const QString razon = rechazo_de_importe(leido, texto, rotulo);
+    return razon.isEmpty() ? DatoLeido{leido.valor, {}} : rehuse(razon);
+}
+
+DatoLeido lea_entero(const QString& texto, const QString& rotulo) {
+    bool bien = false;
+    const int n = texto.toInt(&bien);
+    if (bien)
+        return {Valor(n), {}};
+    static const QRegularExpression cifras(QStringLiteral("^[+-]?[0-9]+$"));
+    return rehuse((cifras.match(texto).hasMatch() ? QStringLiteral("'%1' no cabe en %2.")
+                                                  : QStringLiteral("'%1' no es un número para %2."))
+                      .arg(recortado(texto), rotulo));
 }
 
 DatoLeido lea_letra(const D& dato, const QString& texto) {
@@ -110,7 +128,7 @@ DatoLeido lea_letra(const D& dato, const QString& texto) {
         dato.clase == D::Bandera ? QStringLiteral("SN") : QStringLiteral("NICA");
     if (letra.size() != 1 || !validas.contains(letra))
         return rehuse(QStringLiteral("'%1' no vale en \"%2\": debe ser una de %3.")
-                          .arg(texto, QString::fromUtf8(dato.rotulo),
+                          .arg(recortado(texto), QString::fromUtf8(dato.rotulo),
                                QStringList(validas.split(QString(), Qt::SkipEmptyParts))
                                    .join(QStringLiteral(", "))));
     return {Valor(letra), {}};
@@ -159,20 +177,16 @@ DatoLeido lea_dato(const DatoImportacion& dato, const QByteArray& octetos) {
     case D::Bandera:
     case D::Clases:
         return lea_letra(dato, texto);
-    case D::Entero: {
-        bool bien = false;
-        const int n = texto.toInt(&bien);
-        return bien ? DatoLeido{Valor(n), {}}
-                    : rehuse(QStringLiteral("'%1' no es un número para %2.").arg(texto, rotulo));
-    }
+    case D::Entero:
+        return lea_entero(texto, rotulo);
     case D::Fecha:
-        if (const auto r = revise_fecha(texto))
+        if (const auto r = revise_fecha(recortado(texto)))
             return rehuse(r->texto);
         return {Valor(texto), {}};
     default:
         if (texto.size() > dato.largo)
             return rehuse(QStringLiteral("'%1' no cabe en %2: son %3 caracteres y caben %4.")
-                              .arg(texto, rotulo, QString::number(texto.size()),
+                              .arg(recortado(texto), rotulo, QString::number(texto.size()),
                                    QString::number(dato.largo)));
         return {Valor(texto), {}};
     }

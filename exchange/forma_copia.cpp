@@ -125,6 +125,11 @@ void FormaCopia::SpeedButton1Click() {
         Desde->setText(omision().desde);
     if (Hasta->text().trimmed().isEmpty())
         Hasta->setText(omision().hasta);
+    if (Desde->text().trimmed() > Hasta->text().trimmed()) {
+        muestre_mensaje("\"Desde\" es mayor que \"Hasta\".");
+        Desde->setFocus();
+        return;
+    }
     std::optional<ResultadoCopia> r;
     {
         const auto al_salir = qScopeGuard([this] {

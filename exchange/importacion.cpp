@@ -235,6 +235,16 @@ void Importacion::rechace(const RegistroLeido& registro, const QString& razon) {
         diario->rechazado(registro.renglon, razon);
 }
 
+const QStringList& Importacion::codigos(const QString& sql) {
+    auto i = codigos_.find(sql);
+    if (i == codigos_.end()) {
+        i = codigos_.insert(sql, {});
+        for (const auto c = conexion_.abra(sql); c->siguiente();)
+            *i << c->valor(0).texto();
+    }
+    return *i;
+}
+
 // ---------------------------------------------------------------- reglas de las líneas
 
 struct RevisorImportacion::Cuenta {

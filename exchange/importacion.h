@@ -97,6 +97,8 @@ protected:
     /// termina al final. Devuelve la falla que lo impidió, o vacío.
     QString escriba(const std::function<void(Transaccion&)>& trabajo);
     void rechace(const RegistroLeido& registro, const QString& razon);
+    /// La primera columna de una tabla corta. Se lee una sola vez.
+    const QStringList& codigos(const QString& sql);
     void muestre(const QString& que) { que_ = que; }
     /// Desde aquí nada de lo que se escribe queda hasta `confirme_junto`.
     void todo_junto();
@@ -118,7 +120,8 @@ private:
     void avise_lo_que_quedo(const LectorRegistros& lector);
 
     QHash<QString, Valor> valores_;
-    std::unique_ptr<Transaccion> junto_; ///< de un ensayo, o de lo que entra todo o nada
+    QHash<QString, QStringList> codigos_; ///< por su consulta
+    std::unique_ptr<Transaccion> junto_;  ///< de un ensayo, o de lo que entra todo o nada
     QString que_;
     qint64 paso_ = 0, proximo_ = 0;
 };

@@ -45,7 +45,7 @@ Valor o(const Valor& valor, const char* defecto) {
 } // namespace
 
 void ImportacionCuentas::procese(const RegistroLeido& registro) {
-    const QString razon = lea(registro);
+    QString razon = lea(registro);
     const QString codigo = texto("CUEN_COD");
     muestre(codigo);
     if (codigo.isEmpty() && razon.isEmpty()) {
@@ -56,6 +56,8 @@ void ImportacionCuentas::procese(const RegistroLeido& registro) {
         ++resultado_.omitidos;
         return;
     }
+    if (razon.isEmpty())
+        razon = rechazo_de_equivalente();
     if (!razon.isEmpty()) {
         rehuse(registro, razon);
         return;
@@ -89,21 +91,30 @@ bool ImportacionCuentas::existe(const QString& codigo) {
     return vistos_.contains(codigo) || atributos_de_cuenta(conexion_, libro(), codigo);
 }
 
+QString ImportacionCuentas::rechazo_de_equivalente() {
+    const QString cuenta = texto("CUEN_EQNIIF");
+    // La de una cuenta NIIF es del otro plan. Mientras el NIIF no haya llegado no se sabe cuáles
+    // tendrá.
+    if (cuenta.isEmpty() || es_niif(libro()) ||
+        codigos(QStringLiteral("select first 1 cuen_cod from cuentas_niif")).isEmpty() ||
+        atributos_de_cuenta(conexion_, Libro::Niif, cuenta))
+        return {};
+    return "La cuenta NIIF " + cuenta + " no existe.";
+}
+
 void ImportacionTerceros::procese(const RegistroLeido& registro) {
-    const QString razon = lea(registro);
+    QString razon = lea(registro);
     const QString nit = texto("TERC_NIT"), nombre_ciudad = texto("CIUD_NOM");
     muestre(nit);
     if (razon.isEmpty() && (nit.isEmpty() || existe(nit))) {
         ++resultado_.omitidos;
         return;
     }
+    const QString nombre_compuesto = this->nombre_compuesto();
+    if (razon.isEmpty())
+        razon = rechazo_de_tercero(nombre_compuesto);
     if (!razon.isEmpty()) {
         rehuse(registro, razon);
-        return;
-    }
-    const QString nombre_compuesto = this->nombre_compuesto();
-    if (valor("TERC_NOM").nulo() && nombre_compuesto.trimmed().isEmpty()) {
-        rehuse(registro, QStringLiteral("El tercero %1 no trae nombre ni apellidos.").arg(nit));
         return;
     }
     const Valor codigo_ciudad = ciudad(nombre_ciudad);
@@ -117,6 +128,8 @@ void ImportacionTerceros::procese(const RegistroLeido& registro) {
                 dato = o(dato, "N");
             else if (nombre == "TERC_NOM" && dato.nulo())
                 dato = nombre_compuesto;
+            else if (nombre == "TERC_TIPOID" && !dato.nulo())
+                dato = dato.texto().toUpper();
         }
         datos.append({QStringLiteral("CIUD_COD"), codigo_ciudad});
         datos.append({QStringLiteral("TERC_DV"), digito()});
@@ -141,6 +154,19 @@ void ImportacionTerceros::procese(const RegistroLeido& registro) {
 bool ImportacionTerceros::existe(const QString& nit) {
     return vistos_.contains(nit) ||
            !conexion_.consulte("select 1 from terceros where terc_nit = ?", {nit}).nulo();
+}
+
+QString ImportacionTerceros::rechazo_de_tercero(const QString& nombre_compuesto) {
+    const QString tipo = texto("TERC_TIPOID");
+    const QStringList& tipos =
+        codigos(QStringLiteral("select trim(tiid_cod) from tipo_id order by tiid_nom"));
+    if (!tipo.isEmpty() && !tipos.contains(tipo, Qt::CaseInsensitive))
+        return QStringLiteral("El tipo de identificación %1 no existe: valen %2, como en la ficha "
+                              "del tercero.")
+            .arg(tipo, tipos.join(QStringLiteral(", ")));
+    if (valor("TERC_NOM").nulo() && nombre_compuesto.trimmed().isEmpty())
+        return QStringLiteral("El tercero %1 no trae nombre ni apellidos.").arg(texto("TERC_NIT"));
+    return {};
 }
 
 QString ImportacionTerceros::nombre_compuesto() const {

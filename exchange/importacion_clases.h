@@ -29,6 +29,8 @@ protected:
 
 private:
     bool existe(const QString& codigo);
+    /// Por qué la equivalente no sirve, o vacío.
+    QString rechazo_de_equivalente();
 };
 
 class ImportacionTerceros : public ImportacionPorRenglon {
@@ -44,6 +46,8 @@ private:
         QString palabras, letras; ///< el nombre sin tildes ni puntuación, con blancos y sin ellos
     };
     bool existe(const QString& nit);
+    /// Por qué los datos no hacen un tercero, o vacío.
+    QString rechazo_de_tercero(const QString& nombre_compuesto);
     QString nombre_compuesto() const;
     Valor digito() const;
     /// Código de la ciudad que el archivo nombra, como se escribe de corrido ("Bogotá", "Cúcuta");
@@ -72,6 +76,8 @@ private:
     void lea_item(Transaccion& t);
     void inserte(Transaccion& t);
     QStringList revise(const LineaImportada& linea);
+    /// Por qué el tipo de su documento no sirve, o vacío.
+    QString rechazo_de_documento();
     RevisorImportacion revisor_;
     std::unique_ptr<Transaccion> turno_; ///< vive lo que la importación
     qint64 item_ = 0;

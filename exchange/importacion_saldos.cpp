@@ -95,6 +95,19 @@ void ImportacionSaldos::inserte(Transaccion& t) {
                       valor("SAIN_TIPODOC")});
 }
 
+QString ImportacionSaldos::rechazo_de_documento() {
+    const QString tipo = texto("SAIN_TIPODOC");
+    if (tipo.isEmpty() ||
+        codigos(QStringLiteral("select tido_cod from tipo_documento")).contains(tipo))
+        return {};
+    const QStringList& ofrecidos =
+        codigos(QStringLiteral("select tido_cod from tipo_documento where tido_cart = 'S' or "
+                               "tido_cxp = 'S' order by tido_cod"));
+    return QStringLiteral("El tipo de documento %1 no existe: los de cartera y cuentas por pagar "
+                          "son %2.")
+        .arg(tipo, ofrecidos.join(QStringLiteral(", ")));
+}
+
 QStringList ImportacionSaldos::revise(const LineaImportada& l) {
     if (!revisor_.existe_cuenta(l.cuenta))
         return {"Cuenta no existente " + l.cuenta};
@@ -104,6 +117,8 @@ QStringList ImportacionSaldos::revise(const LineaImportada& l) {
     if (!revisor_.completa(l, false))
         razones << "Faltan detalles para el saldo inicial de la cuenta " + l.cuenta;
     revisor_.revise_codigos(l, razones);
+    if (const QString documento = rechazo_de_documento(); !documento.isEmpty())
+        razones << documento;
     return razones;
 }
 

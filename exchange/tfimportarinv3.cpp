@@ -1,5 +1,6 @@
 #include "exchange/tfimportarinv3.h"
 
+#include "datos/firebird/concuerde.h"
 #include "exchange/pch.h"
 #include "sesion/instalacion.h"
 #include "toolkit/avance_trabajo.h"
@@ -145,6 +146,20 @@ QVector<ColumnaImportacion> Tfimportarinv3::columnas(bool todas) const {
     return lista;
 }
 
+QString Tfimportarinv3::pregunta_de_saldos() const {
+    const Libro libro = asistente_.niif ? Libro::Niif : Libro::Decreto2649;
+    const qint64 hay =
+        fdm()
+            .Quorvex
+            .consulte(
+                QStringLiteral("select count(*) from saldos_iniciales%1").arg(datos(libro).sufijo))
+            .entero();
+    return QStringLiteral("Desea borrar los saldos previamente registrados?") +
+           (hay == 0 ? QString()
+                     : concuerde(hay, "\nCon No, los del archivo se suman al que hay.",
+                                 "\nCon No, los del archivo se suman a los %1 que hay."));
+}
+
 PeticionImportacion Tfimportarinv3::peticion_de(bool ensayo) {
     PeticionImportacion p;
     p.clase = asistente_.clase();
@@ -156,7 +171,7 @@ PeticionImportacion Tfimportarinv3::peticion_de(bool ensayo) {
     p.ensayo = ensayo;
     p.digito_de_verificacion = !fdm().valor<Llave::LetrasEnNit>();
     if (p.clase == ClaseImportacion::Saldos)
-        p.borre_saldos = pregunte_con_no("Desea borrar los saldos previamente registrados?");
+        p.borre_saldos = pregunte_con_no(pregunta_de_saldos());
     return p;
 }
 

@@ -38,6 +38,7 @@ private:
     void construya();
     void llene_columnas();
     QVector<ColumnaImportacion> columnas(bool todas) const;
+    QString pregunta_de_saldos() const;
     PeticionImportacion peticion_de(bool ensayo);
     /// Pregunta si se sigue la que se cortó con este archivo. Falso: no se importa.
     bool prepare_diario();

@@ -155,14 +155,20 @@ void cree_usuario_servidor(Conexion& general, const QString& codigo, const QStri
                         .arg(codigo_usuario(codigo), QuotedStr(clave)));
 }
 
+void exija_registrado(Conexion& compania, const QString& usuario) {
+    exija(!compania
+               .consulte(QStringLiteral("select user_cod from usuario where user_cod = ?"),
+                         {Valor(usuario)})
+               .nulo(),
+          QStringLiteral("El usuario %1 no está registrado en la compañía: regístrelo con "
+                         "usuario-crear.")
+              .arg(usuario));
+}
+
 void otorgue(Conexion& compania, const QString& usuario, const QString& modulo,
              const QVector<int>& opciones, bool conceder) {
     const QString codigo = codigo_usuario(usuario);
-    exija(!compania
-               .consulte(QStringLiteral("select user_cod from usuario where user_cod = ?"),
-                         {Valor(codigo)})
-               .nulo(),
-          QStringLiteral("El usuario %1 no está registrado en la compañía.").arg(codigo));
+    exija_registrado(compania, codigo);
     Transaccion transaccion(compania, Transaccion::Modo::Escritura);
     const auto sentencia = compania.prepare(
         QStringLiteral("update or insert into acceso_usuario (user_cod, acus_modulo, acus_opcion,"

@@ -46,6 +46,9 @@ void registre_usuario_compania(Conexion& compania, const DatosUsuario& datos);
 /// Crea el usuario del servidor, o le cambia la clave.
 void cree_usuario_servidor(Conexion& general, const QString& codigo, const QString& clave);
 
+/// Lanza ErrorDatos si el usuario no está registrado en la compañía.
+void exija_registrado(Conexion& compania, const QString& usuario);
+
 /// Concede o niega opciones a un usuario registrado en la compañía.
 void otorgue(Conexion& compania, const QString& usuario, const QString& modulo,
              const QVector<int>& opciones, bool conceder);

@@ -77,6 +77,9 @@ void configurar(const Sesion& s) {
 void clave(const Sesion& s) {
     const Argumentos& a = s.argumentos();
     const QString usuario = codigo_usuario(a.exija(QStringLiteral("codigo")));
+    Conexion compania;
+    compania.conectar(s.compania());
+    exija_registrado(compania, usuario); // con la línea de otro el programa no abre
     const QString disfrazada = ofusque_clave(a.valor(QStringLiteral("clave-usuario")));
     diga(QStringLiteral("Clave: %1").arg(disfrazada));
     diga(QStringLiteral("Arranque: quorvex-contabilidad PUENTES %1 %2 %3 \"%4\"")

@@ -1,5 +1,7 @@
 #include "herramientas/verificacion.h"
 
+#include "datos/firebird/concuerde.h"
+
 #include <QHash>
 
 namespace {
@@ -77,9 +79,11 @@ void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos, Hallazg
     if (sin_cuenta > 0)
         hallazgos.agregue(
             QStringLiteral("sin plan"),
-            QStringLiteral("libro NIIF: no tiene plan de cuentas y se nombran cuentas "
-                           "suyas %1 veces; copie o importe el plan NIIF")
-                .arg(sin_cuenta));
+            concuerde(sin_cuenta,
+                      "libro NIIF: no tiene plan de cuentas y se nombra una cuenta suya; copie o "
+                      "importe el plan NIIF",
+                      "libro NIIF: no tiene plan de cuentas y se nombran cuentas suyas %1 veces; "
+                      "copie o importe el plan NIIF"));
 }
 
 void revise_saldos(Conexion& c, Transaccion& foto, const QString& libro, Hallazgos& hallazgos) {

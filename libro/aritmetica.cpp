@@ -104,7 +104,12 @@ private:
             throw NoSeCalcula{QStringLiteral("'%1' se puede leer de dos maneras: escriba %2 o %3")
                                   .arg(texto, leido.miles.texto(), leido.decimal.texto())};
         if (leido.clase != ImporteLeido::Bueno)
-            throw NoSeCalcula{QStringLiteral("'%1' no es un número").arg(texto)};
+            throw NoSeCalcula{(leido.clase == ImporteLeido::NoCabe
+                                   ? QStringLiteral("'%1' es demasiado grande")
+                               : leido.clase == ImporteLeido::MuchosDecimales
+                                   ? QStringLiteral("'%1' tiene demasiados decimales")
+                                   : QStringLiteral("'%1' no es un número"))
+                                  .arg(texto)};
         return leido.valor;
     }
 

@@ -18,10 +18,12 @@ bool en_grupos(const QString& enteros, QChar separador) {
     return !grupos.first().startsWith('0') || grupos.size() == 1;
 }
 
-ImporteLeido bueno(const QString& con_punto) {
-    const auto m = Moneda::intente(con_punto);
-    return m ? ImporteLeido{ImporteLeido::Bueno, *m, {}, {}}
-             : ImporteLeido{ImporteLeido::NoEsNumero, {}, {}, {}};
+/// Cifras, un punto y cifras.
+ImporteLeido numero(const QString& con_punto) {
+    if (const auto m = Moneda::intente(con_punto))
+        return {ImporteLeido::Bueno, *m, {}, {}};
+    const bool grande = !Moneda::intente(con_punto.section('.', 0, 0));
+    return {grande ? ImporteLeido::NoCabe : ImporteLeido::MuchosDecimales, {}, {}, {}};
 }
 
 /// Enteros y decimales, cualquiera de ellos vacío, sin más signos.
@@ -30,8 +32,8 @@ ImporteLeido con_decimales(const QString& signo, const QString& enteros, const Q
         (!decimales.isEmpty() && !solo_cifras(decimales)) ||
         (enteros.isEmpty() && decimales.isEmpty()))
         return {ImporteLeido::NoEsNumero, {}, {}, {}};
-    return bueno(signo + (enteros.isEmpty() ? QStringLiteral("0") : enteros) + '.' +
-                 (decimales.isEmpty() ? QStringLiteral("0") : decimales));
+    return numero(signo + (enteros.isEmpty() ? QStringLiteral("0") : enteros) + '.' +
+                  (decimales.isEmpty() ? QStringLiteral("0") : decimales));
 }
 
 ImporteLeido lea(const QString& texto, bool un_separador_es_decimal) {
@@ -77,18 +79,31 @@ ImporteLeido lea_porcentaje(const QString& texto) {
     return lea(texto, true);
 }
 
+QString recortado(const QString& dato) {
+    constexpr int kLetras = 30;
+    return dato.size() > kLetras ? dato.left(kLetras) + QStringLiteral("...") : dato;
+}
+
 QString rechazo_de_importe(const ImporteLeido& leido, const QString& texto, const QString& rotulo) {
+    QString razon;
     switch (leido.clase) {
     case ImporteLeido::Bueno:
         return {};
-    case ImporteLeido::NoEsNumero:
-        // Un rótulo abreviado ya trae su punto.
-        return QStringLiteral("'%1' no es un número para %2%3")
-            .arg(texto, rotulo, rotulo.endsWith('.') ? QString() : QStringLiteral("."));
-    default:
+    case ImporteLeido::DosLecturas:
         return QStringLiteral("'%1' se puede leer de dos maneras en %2: escriba %3 o %4.")
             .arg(texto, rotulo, leido.miles.texto(), leido.decimal.texto());
+    case ImporteLeido::NoCabe:
+        razon = QStringLiteral("'%1' no cabe en %2%3");
+        break;
+    case ImporteLeido::MuchosDecimales:
+        razon = QStringLiteral("'%1' tiene demasiados decimales en %2%3");
+        break;
+    default:
+        razon = QStringLiteral("'%1' no es un número para %2%3");
     }
+    // Un rótulo abreviado ya trae su punto.
+    return razon.arg(recortado(texto), rotulo,
+                     rotulo.endsWith('.') ? QString() : QStringLiteral("."));
 }
 
 Moneda retencion(Moneda base, Moneda porcentaje, std::optional<int> digito) {

@@ -11,6 +11,8 @@ struct ImporteLeido {
         Bueno,
         NoEsNumero,
         DosLecturas, ///< "1.250": mil doscientos cincuenta, o uno con veinticinco
+        NoCabe,      ///< un número de demasiadas cifras enteras
+        MuchosDecimales,
     };
     Clase clase = Bueno;
     Moneda valor;   ///< solo si es bueno
@@ -23,6 +25,8 @@ struct ImporteLeido {
 ImporteLeido lea_importe(const QString& texto);
 /// Un porcentaje: un solo separador siempre es el decimal, que nadie retiene el mil por ciento.
 ImporteLeido lea_porcentaje(const QString& texto);
+/// El comienzo de un dato largo: entero no deja ver la causa que lo sigue en el mensaje.
+QString recortado(const QString& dato);
 /// Por qué no sirve lo digitado en la columna de ese rótulo; vacío si sirve.
 QString rechazo_de_importe(const ImporteLeido& leido, const QString& texto, const QString& rotulo);
 

@@ -1,6 +1,7 @@
 #include "tax/tfmeddisctas.h"
 
 #include "catalogues/grabe_y_anuncie.h"
+#include "datos/firebird/concuerde.h"
 #include "datos/recordset/consecutivo.h"
 #include "sesion/aviso_de_fila.h"
 #include "sesion/tfdm.h"
@@ -178,7 +179,8 @@ void Tfmeddisctas::SBCopiarClick() {
     maestro_->Reabra();
     maestro_->Locate("MMDI_ANO", {hasta});
     DBGridEh1->setFocus();
-    fdm().mostrar_advertencia(QStringLiteral("Se copiaron %1 %2 al año %3 con sus cuentas.")
-                                  .arg(copiados)
-                                  .arg(articulos, hasta));
+    fdm().mostrar_advertencia(concuerde(copiados, "Se copió %1 artículo de %2 al año %3",
+                                        "Se copiaron %1 artículos de %2 al año %3")
+                                  .arg(desde, hasta) +
+                              " con sus cuentas.");
 }

@@ -112,16 +112,19 @@ BEGIN
   IF (NEGATIVA IS NULL) THEN
     NEGATIVA = 'La cuenta ' || DESTINO || ' exige ' || CASE
       WHEN 'S' IN (TERCERO, RETENCION) AND SIN_TERCERO > 0
-        THEN 'tercero, y ' || SIN_TERCERO
-      WHEN RETENCION = 'S' AND SIN_BASE > 0 THEN 'base y porcentaje, y ' || SIN_BASE
-      WHEN CENTRO = 'S' AND SIN_CENTRO > 0 THEN 'centro de costo, y ' || SIN_CENTRO
-      WHEN CLASE = 'I' AND SIN_ARTICULO > 0 THEN 'artículo, y ' || SIN_ARTICULO
-    END || ' de los ' || RENGLONES || ' renglones no lo traen.';
+        THEN 'tercero. Renglones sin él: ' || SIN_TERCERO
+      WHEN RETENCION = 'S' AND SIN_BASE > 0
+        THEN 'base y porcentaje. Renglones sin ellos: ' || SIN_BASE
+      WHEN CENTRO = 'S' AND SIN_CENTRO > 0
+        THEN 'centro de costo. Renglones sin él: ' || SIN_CENTRO
+      WHEN CLASE = 'I' AND SIN_ARTICULO > 0
+        THEN 'artículo. Renglones sin él: ' || SIN_ARTICULO
+    END || ' de ' || RENGLONES || '.';
   IF (NEGATIVA IS NULL AND SIN_NIIF > 0 AND NOT EXISTS (SELECT 1 FROM CUENTAS_NIIF
     WHERE CUEN_COD = :EQUIVALENTE AND CUEN_AFECTABLE = 'S' AND CUEN_ACTIVA = 'S')) THEN
     NEGATIVA = 'La cuenta ' || DESTINO || ' no tiene una cuenta NIIF equivalente que pueda llevar '
-      || 'movimiento, y ' || SIN_NIIF || ' de los ' || RENGLONES || ' renglones se replican. '
-      || 'Indíquela antes en la cuenta.';
+      || 'movimiento. Renglones que se replican: ' || SIN_NIIF || ' de ' || RENGLONES
+      || '. Indíquela antes en la cuenta.';
   IF (HAGALO = 'S') THEN
   BEGIN
     IF (NEGATIVA IS NOT NULL) THEN
@@ -384,8 +387,11 @@ BEGIN
   ELSE
     NEGATIVA = coalesce(NEGATIVA_BLOQUEO('2649', BLOQUEADOS),
       NEGATIVA_BLOQUEO('NIIF', BLOQUEADOS_NIIF),
-      'El comprobante ' || PRIMERO || iif(DE_PROCESO = 1, '', ', y hay ' || (DE_PROCESO - 1)
-        || ' más hechos por procesos') || '. Borre el proceso, que se lleva su comprobante.');
+      'El comprobante ' || PRIMERO || CASE DE_PROCESO
+          WHEN 1 THEN ''
+          WHEN 2 THEN ', y hay otro hecho por un proceso'
+          ELSE ', y hay ' || (DE_PROCESO - 1) || ' más hechos por procesos'
+        END || '. Borre el proceso, que se lleva su comprobante.');
   IF (HAGALO = 'S' AND NEGATIVA IS NOT NULL) THEN
     EXCEPTION MANTENIMIENTO_RECHAZADO NEGATIVA;
   SUSPEND;

@@ -50,7 +50,8 @@ BEGIN
 
   CAUSA = 'líneas sin encabezado';
   FOR
-    SELECT 'id ' || D.ENCO_CONSEC, count(*) || ' líneas' FROM {DETALLE} D
+    SELECT 'id ' || D.ENCO_CONSEC, count(*) || iif(count(*) = 1, ' línea', ' líneas')
+    FROM {DETALLE} D
     WHERE NOT EXISTS (SELECT 1 FROM COMPROBANTE_ENCABEZADO E WHERE E.ENCO_CONSEC = D.ENCO_CONSEC)
     GROUP BY D.ENCO_CONSEC
     ORDER BY D.ENCO_CONSEC

@@ -157,8 +157,9 @@ BEGIN
       OR (C.CUEN_TIPO = 'I' AND A.ACTI_COD IS NULL)
     INTO :FALTAS, :CUENTA;
     IF (FALTAS > 0) THEN
-      NEGATIVA = 'Faltan el tercero, el centro o el artículo de ' || FALTAS || ' saldos; el '
-        || 'primero, de la cuenta ' || CUENTA || '.';
+      NEGATIVA = 'Faltan el tercero, el centro o el artículo de '
+        || iif(FALTAS = 1, 'un saldo', FALTAS || ' saldos; el primero') || ', de la cuenta '
+        || CUENTA || '.';
   END
   IF (NEGATIVA IS NULL) THEN
     SELECT FIRST 1 'El artículo ' || ACTI_COD || ' de la cuenta ' || CUEN_COD || ' no existe. '

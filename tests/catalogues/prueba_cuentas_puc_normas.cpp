@@ -158,8 +158,8 @@ private slots:
             oprima(Qt::Key_Space);
         }
         dice([&] { componente<QPushButton>(p, "SpeedButton1").click(); },
-             "Quedaron creadas 1 de 2 cuentas. La longitud de las demás no es la de ningún nivel "
-             "de la estructura: 1205059.");
+             "Quedó creada 1 de 2 cuentas. La longitud de la que falta no es la de ningún nivel de "
+             "la estructura: 1205059.");
         QVERIFY(s.escritorio.abiertas().isEmpty());
     }
 

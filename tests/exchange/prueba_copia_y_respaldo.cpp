@@ -195,8 +195,14 @@ void PruebaCopiaYRespaldo::los_terceros_que_ya_estan_no_cambian() {
     otra_->ejecute("insert into terceros (terc_nit, terc_nom) values ('900123456', 'El de allá')");
     s_->base.base().ejecute("update terceros set terc_obs = 'Nota larga' where terc_nit = "
                             "'52345678'");
+    // Otra sesión copia lo mismo: entre mirar si está y ponerlo, ella lo puso.
+    otra_->ejecute("create trigger otra_sesion before insert on terceros as declare n integer; "
+                   "begin if (new.terc_nit = '800456789' and rdb$get_context('USER_SESSION', "
+                   "'YA') is null) then begin n = rdb$set_context('USER_SESSION', 'YA', 'S'); in "
+                   "autonomous transaction do insert into terceros (terc_nit, terc_nom) values "
+                   "('800456789', 'De otra sesión'); end end");
     abra("Tfcopiaterceros");
-    i_->espere_comienzo("Se copiaron 4; 1 no se tocó.");
+    i_->espere("Se copiaron 3; 2 no se tocaron.");
     oprima(Qt::Key_F2);
     agote_eventos();
     QCOMPARE(otra_->consulte("select terc_nom from terceros where terc_nit = '900123456'").texto(),
@@ -214,6 +220,11 @@ void PruebaCopiaYRespaldo::las_dos_companias_deben_existir_y_ser_distintas() {
     llene(p, "Compania1", "001");
     llene(p, "Compania2", "001");
     dice(Qt::Key_F2, "Las dos compañías deben ser distintas.");
+    segunda();
+    llene(p, "Compania2", "002");
+    llene(p, "Desde", "e");
+    llene(p, "Hasta", "001");
+    dice(Qt::Key_F2, "\"Desde\" es mayor que \"Hasta\".");
     // El avance sale sin aplastar las cajas.
     const int alto = componente<QLineEdit>(p, "Hasta").y();
     componente<QProgressBar>(p, "ProgressBar1").show();

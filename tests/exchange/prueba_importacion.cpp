@@ -231,7 +231,23 @@ void PruebaImportacion::cada_dato_se_lee_o_se_rehusa_por_su_nombre() {
          "'1.250' se puede leer de dos maneras en el débito: escriba 1250 o 1.25."},
         {"CODE_DEBITO", "mil", {}, "'mil' no es un número para el débito."},
         {"CODE_DEBITO", "0.005", {}, "'0.005' tiene más de 2 decimales en el débito."},
-        {"CODE_DEBITO", "99999999999999", {}, "'99999999999999' no cabe en el débito."},
+        {"CODE_DEBITO",
+         "99999999999999",
+         {},
+         "'99999999999999' no cabe en el débito: admite 13 cifras enteras."},
+        {"CODE_DEBITO",
+         "12345678901234567890",
+         {},
+         "'12345678901234567890' no cabe en el débito: admite 13 cifras enteras."},
+        {"CODE_DEBITO", "0.1234567", {}, "'0.1234567' tiene más de 2 decimales en el débito."},
+        {"CODE_PORC",
+         "123456789012",
+         {},
+         "'123456789012' no cabe en el porcentaje: admite 11 cifras enteras."},
+        {"ENCO_CONCEPTO",
+         QByteArray(255, 'x'),
+         {},
+         '\'' + QString(30, 'x') + "...' no cabe en el concepto: son 255 caracteres y caben 60."},
         {"CODE_PORC", "2.5", "2.5"},
         {"ENCO_FECHA", "20171301", "20171301"},
         {"ENCO_FECHA", "2017/01/31", {}, "La fecha \"2017/01/31\" debe tener la forma aaaammdd."},
@@ -257,12 +273,14 @@ void PruebaImportacion::las_cuentas_y_los_terceros_que_existen_no_cambian() {
                                            "112005,Ahorros,S,N,N,,,,,X\n"
                                            "112005,Hu\xE9rfana\n"
                                            "1120,Cuentas de ahorro,,,,,,,,\n"
+                                           "112010,Mal equivalente,N,N,N,,,,999999,N\n"
                                            "112005,Bancos ahorro,S,N,N,,,N,110505,N\n"
                                            "112005,Repetida\n");
     QCOMPARE(rechazos(cuentas.resultado),
              "4|112005,Ahorros,S,N,N,,,,,X|'X' no vale en \"la clase de cuenta\": debe ser "
              "una de N, I, C, A.\n"
-             "5|112005,Huérfana|No existe la cuenta 1120, de nivel superior a la 112005.");
+             "5|112005,Huérfana|No existe la cuenta 1120, de nivel superior a la 112005.\n"
+             "7|112010,Mal equivalente,N,N,N,,,,999999,N|La cuenta NIIF 999999 no existe.");
     QCOMPARE(cuentas.resultado.grabados, 2);
     QCOMPARE(cuentas.resultado.omitidos, 4);
     QCOMPARE(filas("select cuen_nom, cuen_tercero, cuen_tipo, cuen_afectable, cuen_activa from "
@@ -271,20 +289,26 @@ void PruebaImportacion::las_cuentas_y_los_terceros_que_existen_no_cambian() {
 
     const auto terceros = importe(ClaseImportacion::Terceros,
                                   "900123456,Otro nombre\n"
-                                  "71,,Calle 1,,Medell\xEDn,,,,,,N,P\xE9rez,G\xF3mez,Ana,,S\n"
+                                  "71,,Calle 1,,Medell\xEDn,,,,,,n,P\xE9rez,G\xF3mez,Ana,,S\n"
                                   "72,Sin ciudad,,,Macondo\n"
                                   "73,,,,,,,,,,,Solo\n"
                                   ",Sin NIT\n"
                                   "74,,,,,,,,,,, ,,,\n"
+                                  "76,Raro,,,,,,,,,Z\n"
                                   "75,Sin fin");
     QCOMPARE(terceros.resultado.omitidos, 2);
     QCOMPARE(rechazos(terceros.resultado),
-             "6|74,,,,,,,,,,, ,,,|El tercero 74 no trae nombre ni apellidos.");
+             "6|74,,,,,,,,,,, ,,,|El tercero 74 no trae nombre ni apellidos.\n"
+             "7|76,Raro,,,,,,,,,Z|El tipo de identificación Z no existe: valen " +
+                 filas("select list(trim(tiid_cod), ', ') from (select tiid_cod from tipo_id order "
+                       "by tiid_nom)") +
+                 ", como en la ficha del tercero.");
     QCOMPARE(terceros.resultado.avisos,
              QStringList({"Ciudad no encontrada 'Macondo': el tercero 72 entró sin ella.",
                           "El último renglón no termina en fin de línea y no entró: 75,Sin fin"}));
     QCOMPARE(terceros.anotado.first(), terceros.resultado.avisos[0] + "Tipo:Pref:Num:");
-    QCOMPARE(terceros.anotado.size(), 3);
+    QCOMPARE(terceros.anotado.size(), 4);
+    QCOMPARE(filas("select terc_tipoid from terceros where terc_nit = '71'"), "N");
     QCOMPARE(filas("select coalesce(ciud_cod, '-') from terceros where terc_nit = '72'"), "-");
     QCOMPARE(filas("select terc_nom, terc_clie, terc_prov, ciud_cod, terc_estado from terceros "
                    "where terc_nit in ('900123456', '71') order by terc_nit desc"),
@@ -491,7 +515,8 @@ void PruebaImportacion::los_saldos_iniciales_se_agregan_o_se_reemplazan() {
                                "413505,,0001,0009,,1,\n"
                                "236540,800456789,,,,,40\n"
                                "310505,,,,,,60,FV1,20170231\n"
-                               "310505,,,,,,60,FV1,20170228,31\n";
+                               "310505,,,,,,60,FV1,20170228,31\n"
+                               "310505,,,,,,60,FV1,20170228,999\n";
     const auto c = importe(ClaseImportacion::Saldos, archivo);
     QCOMPARE(c.anotado.join('\n').remove("Tipo:Pref:Num:"),
              "Cuenta no existente 999999\nCuenta no afectable.\n"
@@ -499,7 +524,11 @@ void PruebaImportacion::los_saldos_iniciales_se_agregan_o_se_reemplazan() {
              "NIT no encontrado 5\n"
              "Faltan detalles para el saldo inicial de la cuenta 413505\n"
              "Faltan detalles para el saldo inicial de la cuenta 143505\n"
-             "Proyecto-centro no encontrado 0001-0009\nLa fecha 2017/02/31 no existe.");
+             "Proyecto-centro no encontrado 0001-0009\nLa fecha 2017/02/31 no existe.\n"
+             "El tipo de documento 999 no existe: los de cartera y cuentas por pagar son " +
+                 filas("select list(tido_cod, ', ') from (select tido_cod from tipo_documento "
+                       "where 'S' in (tido_cart, tido_cxp) order by tido_cod)") +
+                 '.');
     QCOMPARE(filas("select cuen_cod, sain_debito, sain_credito, doco_vence, sain_tipodoc from "
                    "saldos_iniciales order by sain_item"),
              "110505|100|0||\n236540|0|40||\n310505|0|60|20170228|31");

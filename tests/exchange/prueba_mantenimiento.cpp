@@ -213,7 +213,7 @@ void PruebaMantenimiento::reemplazar_se_niega_con_su_razon() {
          "La cuenta 1105 es de nivel inferior al mínimo afectable. Escoja una de sus subcuentas."},
         {"110510", "20170101", "La cuenta 110510 está inactiva. Actívela o escoja otra."},
         {"110505", "20170101", "La cuenta que reemplaza a la 110505 debe ser otra."},
-        {"135515", "20170101", "La cuenta 135515 exige tercero, y "},
+        {"135515", "20170101", "La cuenta 135515 exige tercero. Renglones sin él: "},
         {"111005", "20181401", "La cuenta 110505 no tiene movimientos.",
          "delete from comprobante_detalle where cuen_cod = '110505' and code_fecha >= '20181401'"},
         {"111005", "20170102", // se replica en el otro libro, y ese está bloqueado
@@ -222,7 +222,8 @@ void PruebaMantenimiento::reemplazar_se_niega_con_su_razon() {
          "configuracion set conf_valor = '2017/06/30' where conf_propiedad = 'FECHA DE BLOQUEO "
          "NIIF'; end"},
         {"111005", "20170102",
-         "La cuenta 111005 no tiene una cuenta NIIF equivalente que pueda llevar movimiento, y ",
+         "La cuenta 111005 no tiene una cuenta NIIF equivalente que pueda llevar movimiento. "
+         "Renglones que se replican: ",
          "execute block as begin update configuracion set conf_valor = '' where conf_propiedad = "
          "'FECHA DE BLOQUEO NIIF'; update comprobante_detalle_niif set code_itemrep = code_item; "
          "update cuentas set cuen_eqniif = null where cuen_cod = "

@@ -189,21 +189,23 @@ void PruebaPantallasIntercambio::los_saldos_preguntan_si_se_borran_los_que_hay()
     s_->base.base().ejecute("insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) "
                             "values (1, '111005', 5)");
     QVERIFY(tercer_paso("Importar3", archivo("110505,,,,,100,\n")));
-    i_->espere("Desea borrar los saldos previamente registrados?", "No");
+    const QString pregunta = "Desea borrar los saldos previamente registrados?\nCon No, los del "
+                             "archivo se suman a";
+    i_->espere(pregunta + "l que hay.", "No");
     i_->espere("Importación finalizada.");
     i_->espere("Los saldos iniciales quedaron descuadrados por 105.00: débitos 105.00, créditos "
                "0.00.");
     siga(Qt::Key_F2);
     QCOMPARE(s_->dato("select count(*) from saldos_iniciales"), "2");
     QVERIFY(tercer_paso("Importar3", archivo("110505,,,,,100,\n310505,,,,,,100\n")));
-    i_->espere("Desea borrar los saldos previamente registrados?", "Sí");
+    i_->espere(pregunta + " los 2 que hay.", "Sí");
     i_->espere("Importación finalizada.");
     siga(Qt::Key_F2);
     QCOMPARE(s_->dato("select list(cuen_cod) from saldos_iniciales"), "110505,310505");
     QVERIFY(barra_.text().endsWith("; saldos iniciales: débitos 100.00, créditos 100.00"));
     // Un archivo en el que nada sirve no deja a la compañía sin los que tenía.
     QVERIFY(tercer_paso("Importar3", archivo("999999,,,,,100,\n")));
-    i_->espere("Desea borrar los saldos previamente registrados?", "Sí");
+    i_->espere(pregunta + " los 2 que hay.", "Sí");
     i_->espere("Importación finalizada.");
     i_->espere("No entró ningún saldo: los que había siguen como estaban.");
     siga(Qt::Key_F2);

@@ -142,7 +142,7 @@ void PruebaActualizacion::lo_que_no_se_puede_corregir_solo_lo_nombra_la_verifica
              "comprobante CG 0001 000055, libro 2649: falta el tercero que su cuenta exige (línea "
              "2, cuenta 110510)",
              "comprobante CG 0001 000777, libro NIIF: descuadrado (débitos menos créditos: 9.00)",
-             "comprobante id 99, libro NIIF: líneas sin encabezado (1 líneas)",
+             "comprobante id 99, libro NIIF: líneas sin encabezado (1 línea)",
              "comprobante CG 0001 000777, libro NIIF: movimiento en una cuenta que no puede "
              "llevarlo (línea 1, cuenta 1105)",
              "libro NIIF: saldo inicial en una cuenta que no puede llevarlo (línea 1, cuenta 1105)",

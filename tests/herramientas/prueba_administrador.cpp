@@ -110,6 +110,9 @@ void PruebaAdministrador::cada_falla_se_dice_en_espanol_y_cambia_el_codigo() {
         {{"crear-compania", "--codigo", "003"}, 2, "Falta la opción --nombre."},
         {{"usuario-crear", "--codigo", "PEÑA", "--nombre", "X"}, 1, "no es válido"},
         {conceda("NADIE", "1"), 1, "El usuario NADIE no está registrado"},
+        {{"clave", "--codigo", "NADIE", "--compania", "001"},
+         1,
+         "El usuario NADIE no está registrado"},
         {conceda("ADMIN", "x"), 2, "'x' no es un número de opción"},
         {conceda("ADMIN"), 2, "Faltan las opciones."},
         {conceda("ADMIN", "1-99999999"), 2, "No hay opciones mayores que 999"},
@@ -316,11 +319,12 @@ void PruebaAdministrador::la_clave_disfrazada_vuelve_a_ser_la_misma() {
          QStringList{"", "zz", "12", "tornillo", ofusque_clave("clave").chopped(2)})
         QVERIFY_EXCEPTION_THROWN(aclare_clave(mala), ErrorDatos);
     QTemporaryDir carpeta;
-    const auto r = administre(en(carpeta.path(), {"clave", "--codigo", "ana", "--compania", "001",
-                                                  "--clave-usuario", "secreta"}));
+    const BaseDePrueba b;
+    const auto r = administre(en(b.ruta(), {"clave", "--codigo", "auxiliar", "--compania", "001",
+                                            "--clave-usuario", "secreta"}));
     QCOMPARE(r.codigo, 0);
     const QStringList linea = r.salida.section("PUENTES ", 1).simplified().split(' ');
-    QCOMPARE(linea.mid(0, 2), QStringList({"ANA", "001"}));
+    QCOMPARE(linea.mid(0, 2), QStringList({"AUXILIAR", "001"}));
     QCOMPARE(aclare_clave(linea.value(2)), "secreta");
     QCOMPARE(
         administre(en("servidor/3053:/datos/quorvex", {"conexion", "--carpeta", carpeta.path()}))

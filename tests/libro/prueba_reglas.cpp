@@ -50,8 +50,11 @@ private slots:
             QCOMPARE(leido.valor, pesos(b.valor));
         }
         for (const char* malo : {"12e3", "x", "1.2.3", "1,23,456", "1.234,5,6", "1,234.5.6", "-",
-                                 ".", "--5", "1.2,345.6", "1,2345,678.0", "1 250", "12.34567"})
+                                 ".", "--5", "1.2,345.6", "1,2345,678.0", "1 250"})
             QVERIFY2(lea_importe(malo).clase == ImporteLeido::NoEsNumero, malo);
+        QCOMPARE(lea_importe("12.34567").clase, ImporteLeido::MuchosDecimales);
+        for (const char* grande : {"-12345678901234567890", "12.345.678.901.234.567.890,50"})
+            QCOMPARE(lea_importe(grande).clase, ImporteLeido::NoCabe);
         const struct {
             const char *texto, *miles, *decimal;
         } dudosos[] = {
@@ -72,6 +75,9 @@ private slots:
                  "'1.250' se puede leer de dos maneras en Débito: escriba 1250 o 1.25.");
         QCOMPARE(rechazo_de_importe(lea_importe("12e3"), "12e3", "Base"),
                  "'12e3' no es un número para Base.");
+        const QString nueves(40, '9');
+        QCOMPARE(rechazo_de_importe(lea_importe(nueves), nueves, "Porc."),
+                 '\'' + nueves.left(30) + "...' no cabe en Porc.");
         QCOMPARE(rechazo_de_importe(lea_importe("7"), "7", "Base"), QString());
     }
 

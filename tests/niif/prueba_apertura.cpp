@@ -555,8 +555,7 @@ void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
     QCOMPARE(filas(entran.arg("152405")), "- 7.00\nA1 4.00\nA2 3.00");
     QCOMPARE(filas(entran.arg("110505")), "- 94.00"); // no lo pide
     dice(Qt::Key_F12,
-         "Faltan el tercero, el centro o el artículo de 1 saldos; el primero, de la cuenta "
-         "152405.");
+         "Faltan el tercero, el centro o el artículo de un saldo, de la cuenta 152405.");
     // En la línea de inventarios se pone un artículo que exista.
     detalle(p, "152405");
     QVERIFY(p->CAperniifdet.Locate("APND_CTANIIF", {"152405"}));

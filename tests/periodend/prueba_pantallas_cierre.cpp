@@ -135,6 +135,7 @@ private slots:
         dice(Qt::Key_F3, "Desea borrar definitivamente el cierre CG 0001 " + numero + "?", "Sí");
         QCOMPARE(s.dato("select count(*) from cierre_anual"), "0");
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "1");
+        QCOMPARE(s.barra.text(), "Se borró el cierre CG 0001 " + numero);
         QVERIFY(static_cast<ListaProceso*>(lista)->CLista.IsEmpty());
     }
 

@@ -145,6 +145,9 @@ void PruebaInformesListados::solo_descuadrados_deja_los_que_no_cuadran() {
                                             (libro ? QStringList{"ckniif"} : QStringList()))),
                      sumas(s, libro, no_cuadran.arg(sufijo(libro))));
     }
+    const QString uno = imprima("Tfrngcronologicos", kFechas); // días de un solo comprobante
+    QVERIFY(uno.contains(QRegularExpression("\\b1 comprobante\\b")));
+    QVERIFY(!uno.contains(QRegularExpression("\\b1 comprobantes")));
 }
 
 void PruebaInformesListados::el_tipo_se_digita_o_se_escoge_y_es_obligatorio() {

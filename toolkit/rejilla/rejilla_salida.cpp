@@ -1,6 +1,7 @@
 // Menú emergente, archivos e impresión de la rejilla.
 #include "toolkit/rejilla/rejilla.h"
 
+#include "datos/firebird/concuerde.h"
 #include "toolkit/avance_trabajo.h"
 #include "toolkit/aviso_salida.h"
 #include "toolkit/dialogos.h"
@@ -140,7 +141,7 @@ void Rejilla::guarde_seleccion() {
     TablaRejilla tabla(*this);
     AvanceTrabajo avance(this, QStringLiteral("Guardando %1 ...").arg(escogido->ruta));
     tabla.avance = [&avance](int fila) {
-        if (!avance.siga(fila, QStringLiteral("%1 filas").arg(fila)))
+        if (!avance.siga(fila, concuerde(fila, "%1 fila", "%1 filas")))
             throw EdicionAbortada();
     };
     exporte(tabla, formato_del_filtro(escogido->filtro), escogido->ruta);
