@@ -5,6 +5,22 @@ namespace {
 const QStringList kCuadrado{"110505:100:0", "310505:0:100"};
 const char* const kNiif = "comprobante_detalle_niif";
 
+/// De un comprobante de otro módulo F2 no lo graba, y la copia no lo pide.
+void lo_niif_se_graba_al_pasar_de_pagina(SesionGui& s, Digitador& d, Tfedtmovimien& p) {
+    QVERIFY(d.barra.text().endsWith("NIIF se graba al pasar de página."));
+    p.Cdetniif.First();
+    p.Cdetniif.Edit();
+    p.Cdetniif.FieldByName("CODE_CONCEPTO") = "Ajuste";
+    dice([&] { oprima(Qt::Key_D, Qt::ControlModifier); },
+         "Se copia el comprobante como está grabado, sin los cambios que tiene sin grabar. Desea "
+         "continuar?",
+         "No");
+    p.PageControl1->setCurrentIndex(0);
+    QCOMPARE(s.dato("select list(code_concepto) from comprobante_detalle_niif where enco_consec = "
+                    "2 and code_concepto = 'Ajuste'"),
+             "Ajuste");
+}
+
 } // namespace
 
 class PruebaEdicion : public QObject {
@@ -102,21 +118,8 @@ private slots:
             if (c.id == 2)
                 QVERIFY(!p->Edit1->text().contains("Original")); // 58 no muestra documento
             if (QString(c.letrero) == "F2:Imprime") {
-                if (c.id ==
-                    2) { // lo NIIF se graba al pasar de página: no se pide un F2 que no lo hace
-                    QVERIFY(d.barra.text().endsWith("NIIF se graba al pasar de página."));
-                    p->Cdetniif.First();
-                    p->Cdetniif.Edit();
-                    p->Cdetniif.FieldByName("CODE_CONCEPTO") = "Ajuste";
-                    dice([&] { oprima(Qt::Key_D, Qt::ControlModifier); },
-                         "Se copia el comprobante como está grabado, sin los cambios que tiene sin "
-                         "grabar. Desea continuar?",
-                         "No");
-                    p->PageControl1->setCurrentIndex(0);
-                    QCOMPARE(s.dato("select list(code_concepto) from comprobante_detalle_niif "
-                                    "where enco_consec = 2 and code_concepto = 'Ajuste'"),
-                             "Ajuste");
-                }
+                if (c.id == 2)
+                    lo_niif_se_graba_al_pasar_de_pagina(s, d, *p);
                 const QString antes = s.dato("select count(*) from auditoria");
                 oprima(Qt::Key_F2); // imprime y cierra sin escribir nada
                 QCOMPARE(s.escritorio.abiertas().size(), 0);
