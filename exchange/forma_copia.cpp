@@ -2,6 +2,7 @@
 
 #include "datos/firebird/concuerde.h"
 #include "exchange/pch.h"
+#include "toolkit/aviso_trabajo.h"
 
 #include <QScopeGuard>
 
@@ -89,7 +90,7 @@ QString FormaCopia::exija_compania(QLineEdit* caja) {
 
 void FormaCopia::anuncie(const QString& texto) {
     Aviso->setText(texto);
-    Aviso->repaint();
+    repinte_lo_descubierto();
 }
 
 AvanceCopia FormaCopia::avance() {
@@ -98,7 +99,7 @@ AvanceCopia FormaCopia::avance() {
     return [this](int van, int total) {
         ProgressBar1->setRange(0, total);
         ProgressBar1->setValue(van);
-        ProgressBar1->repaint();
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     };
 }
 

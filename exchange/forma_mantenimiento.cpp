@@ -3,6 +3,7 @@
 #include "exchange/pch.h"
 #include "libro/catalogos.h"
 #include "sesion/indices_catalogos.h"
+#include "toolkit/aviso_trabajo.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/controles/lista_tecleo.h"
@@ -270,6 +271,7 @@ void FormaMantenimiento::trabaje(const QString& aviso,
     });
     QApplication::setOverrideCursor(Qt::WaitCursor);
     anuncie(aviso);
+    repinte_lo_descubierto();
     const CifrasMantenimiento hecho = trabajo();
     if (hecho.renglones > kMuchosRenglones)
         compacte_lo_pendiente(fdm().Quorvex, [this](qint64 van) {

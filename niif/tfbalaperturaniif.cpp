@@ -10,6 +10,7 @@
 #include "sesion/instalacion.h"
 #include "sesion/variables_informe.h"
 #include "toolkit/aire.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/informes/motor.h"
 
 #include <QScopeGuard>
@@ -224,19 +225,27 @@ void Tfbalaperturaniif::FormActivate() {
         return;
     borrador_ = new BorradorFilas(
         "apertura_niif", {&CSaldos}, [this] { return hay_por_perder(); }, this);
-    QString unica;
-    if (borrador_->ofrezca([&unica](const BorradorFilas::Huerfano& h) {
+    QString unica, cuantas;
+    if (borrador_->ofrezca([&](const BorradorFilas::Huerfano& h) {
             const QJsonArray& cuentas = h.cambios.first();
+            cuantas = concuerde(cuentas.size(), "%1 cuenta", "%1 cuentas");
             if (cuentas.size() == 1)
                 for (const char* parte : {"antes", "valores"})
                     if (const auto c = cuentas[0][QLatin1String(parte)]["CUEN_COD"]; c.isString())
                         unica = c.toString();
-            return QStringLiteral("quedaron sin grabar cambios de la apertura en %1. Desea "
-                                  "retomarlos?")
-                .arg(concuerde(cuentas.size(), "%1 cuenta", "%1 cuentas"));
-        }))
+            return "quedaron sin grabar cambios de la apertura en " + cuantas +
+                   ". Desea retomarlos?";
+        })) {
+        diga_por_grabar("Retomados los cambios de " + cuantas);
         retome_el_detalle(unica);
+    }
     borrador_->siga();
+}
+
+void Tfbalaperturaniif::diga_por_grabar(const QString& que) {
+    // La rejilla lee de la base: no lo muestra hasta grabarlo.
+    por_grabar_ = que + ": grábelos con F2.";
+    anuncie(fdm().barra(), por_grabar_);
 }
 
 void Tfbalaperturaniif::retome_el_detalle(const QString& unica) {
@@ -321,9 +330,9 @@ void Tfbalaperturaniif::cuente_lo_traido(const QString& ano, const QStringList& 
         muestre_mensaje("No hay saldos del año " + ano + " por traer.");
         return;
     }
-    QString texto = concuerde(CSaldos.RecordCount(), "Se trajeron los saldos de %1 cuenta.",
-                              "Se trajeron los saldos de %1 cuentas.") +
-                    " Grábelos con F2.";
+    const QString cuantas = concuerde(CSaldos.RecordCount(), "%1 cuenta", "%1 cuentas");
+    diga_por_grabar("Traídos los saldos de " + cuantas);
+    QString texto = "Se trajeron los saldos de " + cuantas + ". Grábelos con F2.";
     if (!sin_equivalente.isEmpty())
         texto += QStringLiteral("\nSin cuenta NIIF equivalente, falta la línea que recibe el saldo "
                                 "de %1: %2%3")
@@ -384,6 +393,7 @@ void Tfbalaperturaniif::SBGrabarClick() {
         return;
     if (borrador_)
         borrador_->descarte();
+    retire_aviso(fdm().barra(), por_grabar_);
     CAjusniif.Refresh();
     CAjusniifAfterScroll();
     // Con la suma que sea: la pregunta se hace después de cada grabación.
@@ -410,6 +420,7 @@ bool Tfbalaperturaniif::FormClose() {
     hoja.termine();
     if (CSaldos.Active())
         CSaldos.CancelUpdates();
+    retire_aviso(fdm().barra(), por_grabar_);
     if (borrador_)
         borrador_->descarte();
     for (ConjuntoDatos* c : {&CSaldos, &CAjusniif, &CBalance, &CBalinicial})

@@ -60,6 +60,8 @@ private:
     void declare_teclas(Pagina pagina);
     void muestre_pagina(Pagina pagina);
     void CAjusniifAfterScroll();
+    /// En la barra, lo que está en la hoja y no en la base.
+    void diga_por_grabar(const QString& que);
     void retome_el_detalle(const QString& unica);
     bool hay_por_perder() const;
     void AdvGlowButton2Click();
@@ -98,6 +100,7 @@ private:
     void AdvGlowButton6Click();
 
     BorradorFilas* borrador_ = nullptr;         ///< desde que la pantalla está a la vista
+    QString por_grabar_;                        ///< lo último que de eso se dijo
     bool fila_nueva_ = false;                   ///< la del detalle aún no estaba en la hoja
     QMap<qint64, QVector<Valor>> lineas_antes_; ///< las del detalle al abrirlo
     PreguntaEnCampo pregunta_;

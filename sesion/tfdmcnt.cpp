@@ -9,6 +9,21 @@
 namespace {
 Tfdmcnt* unico_ = nullptr;
 constexpr int kBorrarComprobante = 32;
+
+/// Los dos libros están cerrados a la fecha del comprobante: con uno abierto todavía se cambia, y
+/// se borra.
+QString cierre_de_los_dos(qint64 id, const AjustesLibro& ajustes) {
+    const QString fecha =
+        fdm()
+            .Quorvex
+            .consulte("select enco_fecha from comprobante_encabezado where enco_consec = ?", {id})
+            .texto();
+    if (fecha.isEmpty() || fecha >= ajustes.bloqueo_2649 || fecha >= ajustes.bloqueo_niif)
+        return {};
+    const auto cerrado = revise_bloqueo(fecha, Libro::Decreto2649, ajustes);
+    return cerrado ? cerrado->texto : QString();
+}
+
 } // namespace
 
 Tfdmcnt& fdmcnt() {
@@ -247,7 +262,9 @@ ResultadoBorrado Tfdmcnt::borrar_comprobante(const QString& pantalla, const Pedi
     const ModoBorrado& modo = modo_borrado(pantalla);
     if (modo.exige_derecho && !fdm().exija_acceso(kBorrarComprobante))
         return ResultadoBorrado::Negado;
-    if (const auto ajeno = revise_borrado(fdm().Quorvex, pedido)) {
+    PedidoBorrado con_cierre = pedido;
+    con_cierre.cerrado = cierre_de_los_dos(pedido.id, ajustes_libro());
+    if (const auto ajeno = revise_borrado(fdm().Quorvex, con_cierre)) {
         muestre_mensaje(ajeno->texto);
         return ResultadoBorrado::Ajeno;
     }

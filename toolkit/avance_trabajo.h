@@ -1,5 +1,7 @@
 #pragma once
 // Avance de un trabajo largo, con salida: aparece si tarda.
+#include "toolkit/aviso_trabajo.h"
+
 #include <QProgressDialog>
 
 class AvanceTrabajo {
@@ -12,6 +14,7 @@ public:
         dialogo_.setWindowTitle(QStringLiteral("Un momento"));
         dialogo_.setWindowModality(Qt::ApplicationModal);
         dialogo_.setMinimumDuration(ms_demora);
+        repinte_lo_descubierto();
     }
     /// Falso si el usuario canceló.
     bool siga(qint64 hechos, const QString& texto = {}) {

@@ -2,6 +2,17 @@
 
 #include <QApplication>
 #include <QProgressDialog>
+#include <QTimer>
+
+namespace {
+constexpr int kServidorGrafico = 20; ///< milisegundos en que dice lo que quedó descubierto
+} // namespace
+
+void repinte_lo_descubierto() {
+    QEventLoop vuelta;
+    QTimer::singleShot(kServidorGrafico, &vuelta, &QEventLoop::quit);
+    vuelta.exec(QEventLoop::ExcludeUserInputEvents);
+}
 
 AvisoTrabajo::AvisoTrabajo(QWidget* padre, const QString& texto)
     : dialogo_(std::make_unique<QProgressDialog>(texto, QString(), 0, 0, padre)) {
@@ -13,6 +24,7 @@ AvisoTrabajo::AvisoTrabajo(QWidget* padre, const QString& texto)
     QApplication::setOverrideCursor(Qt::WaitCursor);
     dialogo_->show();
     diga(texto);
+    repinte_lo_descubierto();
 }
 
 AvisoTrabajo::~AvisoTrabajo() {

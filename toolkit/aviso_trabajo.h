@@ -7,6 +7,10 @@
 class QProgressDialog;
 class QWidget;
 
+/// Antes de un trabajo que no deja pintar: la pregunta que se acaba de contestar no queda encima de
+/// él. Lo que el usuario oprima mientras tanto espera su turno.
+void repinte_lo_descubierto();
+
 class AvisoTrabajo {
 public:
     /// Se muestra al nacer, sobre la ventana de `padre`, y se quita al morir.

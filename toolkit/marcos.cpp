@@ -96,8 +96,8 @@ int MarcoPantalla::comienzo_de_la_cortada(int borde) const {
         QRect lugar(w->mapTo(pantalla_, QPoint()), w->size());
         if (qobject_cast<const QGroupBox*>(w)) // su título también es una fila
             lugar.setHeight(renglon + paso());
-        if (lugar.top() >= borde || lugar.bottom() < borde ||
-            lugar.height() > 2 * renglon + paso(0.5))
+        const int dos_renglones = 2 * renglon + paso(2); // los de un texto, con su marco
+        if (lugar.top() >= borde || lugar.bottom() < borde || lugar.height() > dos_renglones)
             continue;
         const QWidget* area = w->parentWidget(); // lo de una rejilla lo corta ella
         while (area && !qobject_cast<const QAbstractScrollArea*>(area))

@@ -390,7 +390,8 @@ void PantallaComprobante::busque_mandante(const QString& texto) {
 
 void PantallaComprobante::escoja_para_encabezado(const char* campo, const QString& texto) {
     if (DBEdit1->ReadOnly()) {
-        muestre_mensaje("La fecha del comprobante está bloqueada: no se puede cambiar.");
+        muestre_mensaje("El encabezado no se puede cambiar: la fecha del comprobante está "
+                        "bloqueada o lo hizo otro módulo.");
         return;
     }
     const QString actual = texto.isEmpty() ? CMovimiento.FieldByName(campo).texto() : QString();

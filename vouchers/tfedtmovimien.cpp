@@ -6,6 +6,7 @@
 #include "sesion/aviso_de_fila.h"
 #include "sesion/copias_comprobante.h"
 #include "sesion/registro_documentos.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/historia_avisos.h"
 #include "toolkit/sin_grabar.h"
@@ -198,9 +199,15 @@ void Tfedtmovimien::diga_lo_cerrado(const QString& cual) {
                                                    : nullptr;
     if (!por_que)
         return;
-    const QString texto = QString::fromUtf8(por_que);
+    QString texto = QString::fromUtf8(por_que);
     setWindowTitle(windowTitle() + " - " + texto);
-    anuncie(fdm().barra(), "Comprobante " + cual + ": " + texto + '.');
+    texto += '.';
+    if (solo_imprime_ && libre_niif) {
+        const QString niif = "Lo que cambie en el libro NIIF se graba al pasar de página.";
+        SBGrabar->setToolTip(niif);
+        texto += ' ' + niif;
+    }
+    anuncie(fdm().barra(), "Comprobante " + cual + ": " + texto);
 }
 
 int Tfedtmovimien::maximo_item(Libro libro, const QString& id) {
@@ -248,6 +255,8 @@ QString Tfedtmovimien::muestre_origen() {
                  CMovimiento.FieldByName("PrefRef").texto() + numero;
     }
     Edit1->setText(texto);
+    Edit1->setCursorPosition(0);
+    Edit1->setFixedWidth(qMax(Edit1->minimumWidth(), ancho_de_lectura(*Edit1)));
     return falla_origen;
 }
 
@@ -272,13 +281,8 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
         lineas_niif->rejilla->ReadOnly = true;
         libre_niif = false;
     }
-    if (!libre_2649 && !libre_niif) {
+    if (!libre_2649 && !libre_niif)
         solo_imprima();
-        // Con los dos libros cerrados no queda qué grabar: tampoco al pasar de página.
-        for (ControlDato* c : std::initializer_list<ControlDato*>{
-                 ERef, DBEdit1, DBEdit2, DBEdit3, DBEdit6, Mand, DBCheckBox1, DBCheckBox2, DBMemo1})
-            c->ReadOnly(true);
-    }
     // La rejilla NIIF de un comprobante ajeno se queda como estaba.
     if (!fdm().valor<Llave::ModificarDeOtrosModulos>() &&
         CMovimiento.FieldByName("ENCO_TIPOREF").entero() != 0) {
@@ -348,6 +352,10 @@ bool Tfedtmovimien::FormClose() {
 void Tfedtmovimien::solo_imprima() {
     solo_imprime_ = true;
     SBGrabar->setText("F2:Imprime");
+    // Lo que F2 no graba tampoco se graba al pasar de página.
+    for (ControlDato* c : std::initializer_list<ControlDato*>{
+             ERef, DBEdit1, DBEdit2, DBEdit3, DBEdit6, Mand, DBCheckBox1, DBCheckBox2, DBMemo1})
+        c->ReadOnly(true);
 }
 
 void Tfedtmovimien::SBGrabarClick() {
@@ -530,10 +538,6 @@ void Tfedtmovimien::SBBorrarClick() {
     pedido.numero = t("ENCO_NUMERO");
     pedido.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
     pedido.visto = visto_;
-    if (!libre_2649 && !libre_niif)
-        if (const auto cerrado =
-                revise_bloqueo(t("ENCO_FECHA"), Libro::Decreto2649, fdmcnt().ajustes_libro()))
-            pedido.cerrado = cerrado->texto;
     const ResultadoBorrado resultado = fdmcnt().borrar_comprobante(objectName(), pedido);
     if (resultado == ResultadoBorrado::Negado || resultado == ResultadoBorrado::Borrado)
         cierre();

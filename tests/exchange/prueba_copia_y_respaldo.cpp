@@ -162,16 +162,22 @@ void PruebaCopiaYRespaldo::lo_que_hay_en_el_destino_se_borra_todo_o_nada() {
                              ErrorBase); // la nombra una de fuera
     const QString pregunta = "Ya existen cuentas en el rango especificado en la compañía de "
                              "destino, este proceso borrará dichas cuentas. Continuar?";
-    abra("Tfcopiacatalogo");
+    Pantalla* p = abra("Tfcopiacatalogo");
     dice(Qt::Key_F2, pregunta, "No");
     QCOMPARE(otra_->consulte("select count(*) from cuentas").entero(), 6);
     // Con movimiento en una que no está en el otro plan, no se borra ninguna.
     otra_->ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('110599', 'Propia')");
     otra_->ejecute("insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values (1, "
                    "'110599', 5)");
-    i_->espere(pregunta, "Sí");
+    QString descubierto; // lo que la pregunta tapaba se pinta antes de empezar
+    i_->espere_modal("dialogo", [&](QWidget* w) {
+        const QLabel& aviso = componente<QLabel>(p, "Aviso");
+        QTimer::singleShot(5, p, [&] { descubierto = aviso.text(); });
+        QTest::keyClick(w, Qt::Key_S);
+    });
     i_->espere_comienzo("Se presento el siguiente error: ");
     oprima(Qt::Key_F2);
+    QCOMPARE(descubierto, "Borrando cuentas de 002");
     QCOMPARE(otra_->consulte("select count(*) || max(cuen_ctajuste) from cuentas").texto(),
              "7111005");
     // La que está en los dos se actualiza, aunque tenga movimiento, y la que la configuración

@@ -345,7 +345,11 @@ void PruebaApertura::borrar_la_hoja_pregunta_y_tambien_graba() {
 }
 
 void PruebaApertura::una_muerte_no_pierde_lo_digitado() {
+    AvisosBarra barra;
+    s_->dm.barra(&barra);
+    const auto sin_barra = qScopeGuard([this] { s_->dm.barra(nullptr); });
     Tfbalaperturaniif* p = traiga();
+    QCOMPARE(barra.text(), "Traídos los saldos de 4 cuentas: grábelos con F2.");
     // Muere con el detalle de una cuenta a medias: al volver están los saldos traídos y se sigue en
     // esa cuenta, hasta cuadrarla.
     detalle(p, "130505");
@@ -361,12 +365,14 @@ void PruebaApertura::una_muerte_no_pierde_lo_digitado() {
         QVERIFY(p->close());
     }
     agote_eventos();
+    QCOMPARE(barra.text(), ""); // ya no hay qué grabar
     QCOMPARE(borradores(carpeta), QStringList({"huerfano.borrador"}));
     QCOMPARE(s_->dato("select count(*) from apertura_niif"), "0");
     i_->espere("Hace un momento quedaron sin grabar cambios de la apertura en 4 cuentas. Desea "
                "retomarlos?",
                "Sí");
     p = abra();
+    QCOMPARE(barra.text(), "Retomados los cambios de 4 cuentas: grábelos con F2.");
     QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
     QCOMPARE(p->CSaldos.FieldByName("CUEN_COD").texto() + p->APNI_NOTA->toPlainText() +
                  p->DetDebito->text(),

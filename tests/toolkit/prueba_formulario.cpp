@@ -191,10 +191,15 @@ private slots:
         ventana.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&ventana));
         auto* p = new Pantalla("TfLarga");
-        QVector<QLineEdit*> cajas;
+        QVector<QWidget*> cajas;
         Formulario f(p);
         for (int i = 0; i < 20; ++i) {
-            cajas << new QLineEdit;
+            auto* dos_renglones = i % 4 == 3 ? new QPlainTextEdit : nullptr;
+            if (dos_renglones) {
+                dos_renglones->setTabChangesFocus(true);
+                dos_renglones->setFixedHeight(dos_renglones->fontMetrics().lineSpacing() * 2 + 12);
+            }
+            cajas << (dos_renglones ? static_cast<QWidget*>(dos_renglones) : new QLineEdit);
             f.fila(QString("Dato %1").arg(i), cajas.last());
         }
         auto* barra = new BarraBotones(p);
@@ -220,7 +225,7 @@ private slots:
         agote_eventos();
         for (int corrida = 0; corrida < 60; corrida += 3) {
             marco->verticalScrollBar()->setValue(corrida);
-            for (const QLineEdit* c : cajas)
+            for (const QWidget* c : cajas)
                 if (const QRect r = c->visibleRegion().boundingRect();
                     c->mapTo(p, QPoint()).y() > corrida && !r.isEmpty())
                     QCOMPARE(r.height(), c->height());

@@ -336,6 +336,14 @@ private slots:
             i.espere_modal("Tfimprcomproba", cierre);
             componente<QPushButton>(p, "SpeedButton1").click();
         }
+        for (const QString& hasta : {"20171231", ""}) { // lo cerrado, igual que en quien lo edita
+            d.configure("GENERAL", "FECHA DE BLOQUEO", hasta);
+            d.configure("GENERAL", "FECHA DE BLOQUEO NIIF", hasta);
+            if (!hasta.isEmpty())
+                dice([&] { componente<QPushButton>(p, "SpeedButton3").click(); },
+                     "La contabilidad esta bloqueada a: 2017/12/31. No se puede borrar el "
+                     "comprobante CG 0001 000011");
+        }
         const QString pregunta = "Desea borrar definitivamente el comprobante CG 0001 000011?";
         for (const char* respuesta : {"No", "Sí"}) {
             Interlocutor i;
