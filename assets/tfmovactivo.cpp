@@ -82,10 +82,11 @@ void Tfmovactivo::SBBorrarClick() {
         "el nuevo valor " + dato("TIPO") + ' ' + dato("PREFIJO") + ' ' + dato("NUMERO");
     if (!pregunte_con_no("Desea borrar definitivamente " + cual + '?'))
         return;
+    const QString aviso = "Se borró " + cual;
     borre_y_anuncie(CBorrar,
                     "delete from activos_fijos_valor where acfj_cod = " + QuotedStr(activo()) +
                         " and acfv_idcomp = " + QuotedStr(id),
-                    "Se borró " + cual);
+                    aviso);
     CLista.Refresh();
     emit fdmcnt().balance_por_recalcular();
 }

@@ -85,6 +85,28 @@ struct Almacenista : SesionGui {
 
 class PruebaPantallasActivos : public QObject {
     Q_OBJECT
+    /// Lo que no reparte nada se pregunta, y lo negativo se rehúsa.
+    static void corrija_el_reparto(Almacenista& s, ConjuntoDatos& centros) {
+        const auto ponga = [&](const char* parte) {
+            centros.Edit();
+            centros.FieldByName("ACCE_PORC") = parte;
+        };
+        ponga("0");
+        centros.Prior();
+        ponga("0");
+        s.i.espere("El reparto por centros de costo no tiene porcentajes: el gasto no se "
+                   "repartirá. Desea grabarlo así?",
+                   "No");
+        oprima(Qt::Key_F2);
+        ponga("-50");
+        s.i.espere("El porcentaje no puede ser negativo.");
+        QVERIFY_EXCEPTION_THROWN(centros.Post(), EdicionAbortada);
+        centros.Cancel();
+        ponga("60");
+        centros.Next();
+        ponga("40");
+    }
+
 private slots:
     void la_ficha_toma_del_grupo_los_meses_y_valida_sus_cuentas() {
         Almacenista s;
@@ -195,24 +217,7 @@ private slots:
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select count(*) from activos_centros"), "0");
         QCOMPARE(forma->PageControl1->currentIndex(), 2);
-        const auto ponga = [&](const char* parte) {
-            forma->CCentros.Edit();
-            forma->CCentros.FieldByName("ACCE_PORC") = parte;
-        };
-        ponga("0");
-        forma->CCentros.Prior();
-        ponga("0");
-        s.i.espere("El reparto por centros de costo no tiene porcentajes: el gasto no se "
-                   "repartirá. Desea grabarlo así?",
-                   "No");
-        oprima(Qt::Key_F2);
-        ponga("-50");
-        s.i.espere("El porcentaje no puede ser negativo.");
-        QVERIFY_EXCEPTION_THROWN(forma->CCentros.Post(), EdicionAbortada);
-        forma->CCentros.Cancel();
-        ponga("60");
-        forma->CCentros.Next();
-        ponga("40");
+        corrija_el_reparto(s, forma->CCentros);
         forma->PageControl1->setCurrentIndex(3);
         enfoque(s.p, "DBGridEh2");
         oprima(Qt::Key_Insert);
