@@ -92,6 +92,10 @@ void FormaActivo::defina_campos() {
         CCentros.FieldByName("ACFJ_COD") = CActivo.FieldByName("ACFJ_COD").texto();
     };
     CCentros.BeforePost = [this] {
+        if (CCentros.FieldByName("ACCE_PORC").moneda() < Moneda()) {
+            muestre_mensaje("El porcentaje no puede ser negativo.");
+            throw EdicionAbortada();
+        }
         if (!CCentros.FieldByName("ACCE_PROY").vacio())
             return;
         if (!CCentros.FieldByName("ACCE_CENTRO").vacio() ||
@@ -446,16 +450,22 @@ void FormaActivo::quite_foto() {
 // ---------------------------------------------------------------- grabar y salir
 
 bool FormaActivo::acepte_reparto() {
+    if (CCentros.ChangeCount() == 0)
+        return true; // el que ya se aceptó
     const Campo& parte = CCentros.FieldByName("ACCE_PORC");
     Moneda suma, redondeos;
     CCentros.recorra_todas([&](const Fila& fila) {
-        suma += CCentros.valor_de(fila, parte).moneda();
+        // La depreciación solo toma las partes mayores que cero.
+        suma += qMax(CCentros.valor_de(fila, parte).moneda(), Moneda());
         redondeos += Moneda::de_texto("0.01"); // tres partes de 33.33 son el gasto entero
     });
     if (redondeos.es_cero() || (suma - Moneda(100)).absoluta() <= redondeos ||
-        pregunte_con_no("El reparto por centros de costo suma " + parte.presente(suma) +
-                        " %, y no 100 %: el gasto se repartirá en esa proporción. Desea grabarlo "
-                        "así?"))
+        pregunte_con_no((suma.es_cero()
+                             ? QStringLiteral("El reparto por centros de costo no tiene "
+                                              "porcentajes: el gasto no se repartirá.")
+                             : "El reparto por centros de costo suma " + parte.presente(suma) +
+                                   " %, y no 100 %: el gasto se repartirá en esa proporción.") +
+                        " Desea grabarlo así?"))
         return true;
     vuelva_a(DBGridEh1);
     return false;

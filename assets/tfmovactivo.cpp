@@ -2,6 +2,7 @@
 
 #include "assets/pch.h"
 #include "assets/peticiones_activos.h"
+#include "catalogues/grabe_y_anuncie.h"
 
 namespace {
 
@@ -77,11 +78,15 @@ void Tfmovactivo::SBBorrarClick() {
                         "con F4.");
         return;
     }
-    if (!pregunte_con_no("Desea borrar definitivamente el nuevo valor " + dato("TIPO") + ' ' +
-                         dato("PREFIJO") + ' ' + dato("NUMERO") + '?'))
+    const QString cual =
+        "el nuevo valor " + dato("TIPO") + ' ' + dato("PREFIJO") + ' ' + dato("NUMERO");
+    if (!pregunte_con_no("Desea borrar definitivamente " + cual + '?'))
         return;
-    CBorrar.Execute("delete from activos_fijos_valor where acfj_cod = " + QuotedStr(activo()) +
-                    " and acfv_idcomp = " + QuotedStr(id));
+    const QString aviso = "Se borró " + cual;
+    borre_y_anuncie(CBorrar,
+                    "delete from activos_fijos_valor where acfj_cod = " + QuotedStr(activo()) +
+                        " and acfv_idcomp = " + QuotedStr(id),
+                    aviso);
     CLista.Refresh();
     emit fdmcnt().balance_por_recalcular();
 }

@@ -109,7 +109,7 @@ NuevoDocumento::NuevoDocumento(const DatosDocumentos& datos)
     cuide_lo_digitado(*this, {&CDocs});
     EArchivo = new QLineEdit(this);
     EArchivo->setObjectName("EArchivo");
-    auto* examinar = new QPushButton("E&xaminar…", this);
+    auto* examinar = new QPushButton("E&xaminar", this);
     examinar->setObjectName("SBExaminar");
     examinar->setAutoDefault(false);
     connect(examinar, &QPushButton::clicked, this,

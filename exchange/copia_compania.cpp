@@ -19,6 +19,24 @@ QString tabla_cuentas(Libro libro) {
     return QLatin1String(datos(libro).cuentas);
 }
 
+struct CuentaConAjustes {
+    QString codigo;
+    Valor ajuste, correccion; ///< las que nombra
+};
+
+/// Las del rango, las más profundas primero.
+QVector<CuentaConAjustes> cuentas_con_ajustes(Transaccion& t, const QString& tabla,
+                                              const RangoCodigos& rango) {
+    const QString sql =
+        QStringLiteral("select cuen_cod, cuen_ctajuste, cuen_ctacorrecion from %1 where cuen_cod "
+                       ">= ? and cuen_cod <= ? order by cuen_cod desc")
+            .arg(tabla);
+    QVector<CuentaConAjustes> cuentas;
+    for (Cursor c(t.conexion().prepare(sql, t), t, {rango.desde, rango.hasta}); c.siguiente();)
+        cuentas << CuentaConAjustes{c.valor(0).texto(), c.valor(1), c.valor(2)};
+    return cuentas;
+}
+
 bool entra_al_nivel(Conexion& destino, const QString& cuenta, const QString& nivel) {
     return destino.consulte("select * from valide_estructura(?)", {cuenta}).texto() <= nivel;
 }
@@ -111,27 +129,37 @@ QSet<QString> cuentas_por_llegar(Conexion& origen, Conexion& destino, Libro libr
 void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango,
                  const QSet<QString>& llegan) {
     const QString tabla = tabla_cuentas(libro);
-    QStringList cuentas;
-    const auto c = base.abra(
-        QStringLiteral(
-            "select cuen_cod from %1 where cuen_cod >= ? and cuen_cod <= ? order by cuen_cod desc")
-            .arg(tabla),
-        {rango.desde, rango.hasta});
-    while (c->siguiente())
-        cuentas << c->valor(0).texto();
     base.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
         plan_que_se_va(t, true);
+        const QVector<CuentaConAjustes> cuentas = cuentas_con_ajustes(t, tabla, rango);
         suelte_ajustes(t, libro, rango, rango);
         const auto borre =
             base.prepare(QStringLiteral("delete from %1 where cuen_cod = ?").arg(tabla), t);
-        for (const QString& cuenta : cuentas) {
+        QVector<CuentaConAjustes> quedan;
+        for (const CuentaConAjustes& cuenta : cuentas) {
             try {
-                borre->ejecute(t, {cuenta});
+                borre->ejecute(t, {cuenta.codigo});
             } catch (const ErrorBase& falla) {
-                if (falla.conexion_perdida() || falla.conflicto() || !llegan.contains(cuenta))
+                if (falla.conexion_perdida() || falla.conflicto() ||
+                    !llegan.contains(cuenta.codigo))
                     throw;
+                quedan << cuenta;
             }
         }
+        // La copia no los trae: la que se queda conserva los suyos, salvo los que ya no estarán.
+        const auto si_estara = [&](const Valor& nombrada) {
+            const QString n = nombrada.texto();
+            const bool se_fue = n >= rango.desde && n <= rango.hasta && !llegan.contains(n);
+            return se_fue ? Valor() : nombrada;
+        };
+        const auto devuelva = base.prepare(
+            QStringLiteral("update %1 set cuen_ctajuste = ?, cuen_ctacorrecion = ? where cuen_cod "
+                           "= ?")
+                .arg(tabla),
+            t);
+        for (const CuentaConAjustes& cuenta : quedan)
+            devuelva->ejecute(
+                t, {si_estara(cuenta.ajuste), si_estara(cuenta.correccion), cuenta.codigo});
     });
 }
 

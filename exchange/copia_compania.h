@@ -23,9 +23,10 @@ bool hay_cuentas(Conexion& base, Libro libro, const RangoCodigos& rango);
 QSet<QString> cuentas_por_llegar(Conexion& origen, Conexion& destino, Libro libro,
                                  const RangoCodigos& rango, const QString& nivel);
 /// Borra las cuentas del rango, las más profundas primero: todas o ninguna. La que está en uso y va
-/// a llegar otra vez se queda, y la copia la actualiza.
+/// a llegar otra vez se queda, con su cuenta de ajuste y su contrapartida, y la copia actualiza lo
+/// demás.
 void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango,
-                 const QSet<QString>& llegan = {});
+                 const QSet<QString>& llegan);
 /// Copia las cuentas hasta el nivel dado, encima de las que estén. Cada una queda confirmada.
 ResultadoCopia copie_cuentas(Conexion& origen, Conexion& destino, Libro libro,
                              const RangoCodigos& rango, const QString& nivel,

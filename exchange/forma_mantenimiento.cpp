@@ -261,22 +261,29 @@ void FormaMantenimiento::anuncie(const QString& texto) {
     Aviso->repaint();
 }
 
-void FormaMantenimiento::trabaje(const QString& aviso,
-                                 const std::function<CifrasMantenimiento()>& trabajo) {
-    // También si falla: un trabajo de los dos libros puede haber cambiado ya el primero.
+void FormaMantenimiento::mire(const QString& aviso, const std::function<void()>& trabajo) {
     const auto al_salir = qScopeGuard([this] {
         Aviso->clear();
         QApplication::restoreOverrideCursor();
-        emit fdmcnt().balance_por_recalcular();
     });
     QApplication::setOverrideCursor(Qt::WaitCursor);
     anuncie(aviso);
     repinte_lo_descubierto();
-    const CifrasMantenimiento hecho = trabajo();
-    if (hecho.renglones > kMuchosRenglones)
-        compacte_lo_pendiente(fdm().Quorvex, [this](qint64 van) {
-            anuncie(QStringLiteral("Poniendo los saldos al día: %1 ...").arg(van));
-        });
+    trabajo();
+}
+
+void FormaMantenimiento::trabaje(const QString& aviso,
+                                 const std::function<CifrasMantenimiento()>& trabajo) {
+    // También si falla: un trabajo de los dos libros puede haber cambiado ya el primero.
+    const auto al_salir = qScopeGuard([] { emit fdmcnt().balance_por_recalcular(); });
+    CifrasMantenimiento hecho;
+    mire(aviso, [&] {
+        hecho = trabajo();
+        if (hecho.renglones > kMuchosRenglones)
+            compacte_lo_pendiente(fdm().Quorvex, [this](qint64 van) {
+                anuncie(QStringLiteral("Poniendo los saldos al día: %1 ...").arg(van));
+            });
+    });
     AvisosBarra* barra = fdm().barra();
     if (barra && hecho.comprobantes > 0)
         barra->texto(windowTitle() + ": " + hecho.cuantos());

@@ -62,6 +62,8 @@ protected:
     std::optional<RangoFechas> fechas();
     /// Muestra la negativa, o pregunta con las cifras. Verdadero si el usuario quiere hacerlo.
     bool confirme(const CifrasMantenimiento& cifras, const QString& pregunta);
+    /// Muestra el aviso mientras corre algo que no cambia nada.
+    void mire(const QString& aviso, const std::function<void()>& trabajo);
     /// Muestra el aviso, corre el trabajo y pasa a los saldos lo que haya dejado.
     void trabaje(const QString& aviso, const std::function<CifrasMantenimiento()>& trabajo);
     void anuncie(const QString& texto);

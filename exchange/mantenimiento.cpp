@@ -176,7 +176,8 @@ CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QS
             van = hasta_aqui;
             r.borradas += borradas;
         } catch (const ErrorBase& falla) {
-            if (falla.conexion_perdida())
+            // Lo que se borra ya reintentó; el ensayo no, y un choque no es una razón.
+            if (falla.conexion_perdida() || (ensayo && falla.conflicto()))
                 throw;
             r.detenida = cuenta;
             r.razon = falla.para_usuario();

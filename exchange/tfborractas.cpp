@@ -39,10 +39,8 @@ void Tfborractas::Edit2Exit(const QString& cuenta) {
 
 bool Tfborractas::confirme_rango(const QString& desde, const QString& hasta) {
     CuentasBorradas ensayo;
-    trabaje("Mirando qué cuentas se pueden borrar...", [&] {
-        ensayo = borre_cuentas(fdm().Quorvex, desde, hasta, Paso::Cifras);
-        return CifrasMantenimiento();
-    });
+    mire("Mirando qué cuentas se pueden borrar...",
+         [&] { ensayo = borre_cuentas(fdm().Quorvex, desde, hasta, Paso::Cifras); });
     const qint64 cuantas =
         dato("select count(*) from cuentas where cuen_cod >= " + QuotedStr(desde) +
              " and cuen_cod <= " + QuotedStr(hasta))
@@ -54,18 +52,17 @@ bool Tfborractas::confirme_rango(const QString& desde, const QString& hasta) {
             (cuantas == 1 ? "Se borrará la cuenta " + desde : "Se borrarán " + cuales) +
             ". Desea continuar?");
     if (ensayo.borradas == 0) {
-        muestre_mensaje((cuantas == 1 ? "No se puede borrar la cuenta " + desde
-                                      : "No se puede borrar ninguna de las " + cuales) +
-                        ". La primera es la " + ensayo.detenida + ": " + ensayo.razon);
+        muestre_mensaje(
+            (cuantas == 1 ? "No se puede borrar la cuenta "
+                          : "No se puede borrar ninguna de las " + cuales + ". La primera es la ") +
+            ensayo.detenida + ": " + ensayo.razon);
         return false;
     }
-    return pregunte_con_no(
-        QStringLiteral("De las %1, se borrarán %2 y quedarán %3, desde la %4: %5 "
-                       "Desea continuar?")
-            .arg(cuales)
-            .arg(ensayo.borradas)
-            .arg(cuantas - ensayo.borradas)
-            .arg(ensayo.detenida, ensayo.razon));
+    return pregunte_con_no("De las " + cuales + ", " +
+                           concuerde(ensayo.borradas, "se borrará %1", "se borrarán %1") +
+                           concuerde(cuantas - ensayo.borradas, " y quedará %1", " y quedarán %1") +
+                           ", porque no se puede borrar la " + ensayo.detenida + ": " +
+                           ensayo.razon + " Desea continuar?");
 }
 
 bool Tfborractas::corra() {

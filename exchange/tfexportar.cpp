@@ -44,7 +44,7 @@ void Tfexportar::construya() {
     LDestino = lista("LDestino", {"SIIGO", "WEB GERENCIAL", "CSV", "ISIS"});
     ckfcontado = new QCheckBox("Omitir facturas de contado");
     ckfcontado->setObjectName("ckfcontado");
-    auto* examinar = new QPushButton("E&xaminar…");
+    auto* examinar = new QPushButton("E&xaminar");
     examinar->setObjectName("Examinar");
     connect(examinar, &QPushButton::clicked, this,
             [this] { proteja([this] { ExaminarClick(); }); });

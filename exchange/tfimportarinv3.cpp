@@ -228,12 +228,20 @@ bool Tfimportarinv3::prepare_diario() {
     if (asistente_.clase() != ClaseImportacion::Comprobantes)
         return true;
     Conexion& base = fdm().Quorvex;
-    diario_.emplace(diraplicacion_callada(), base.parametros().base,
-                    asistente_.niif ? Libro::Niif : Libro::Decreto2649, asistente_.archivo,
-                    forma());
+    const Libro este = asistente_.niif ? Libro::Niif : Libro::Decreto2649,
+                otro = asistente_.niif ? Libro::Decreto2649 : Libro::Niif;
+    const QString carpeta = diraplicacion_callada(), ruta = base.parametros().base;
+    diario_.emplace(carpeta, ruta, este, asistente_.archivo, forma());
     const auto anterior = diario_->anterior(base);
-    if (!anterior)
-        return true;
+    if (!anterior) {
+        const auto del_otro =
+            DiarioImportacion(carpeta, ruta, otro, asistente_.archivo, forma()).anterior(base);
+        return !del_otro || del_otro->cambio_el_archivo ||
+               pregunte_con_no(
+                   QStringLiteral("Este archivo se estaba importando al libro %1 y se "
+                                  "detuvo. Desea importarlo al libro %2?")
+                       .arg(QLatin1String(datos(otro).nombre), QLatin1String(datos(este).nombre)));
+    }
     QString texto = QStringLiteral("La importación anterior de este archivo se detuvo ");
     texto += anterior->hasta == 0
                  ? QStringLiteral("antes de que se supiera si entró el primer comprobante")

@@ -28,7 +28,7 @@ Tfrespaldo::Tfrespaldo() : Pantalla("Tfrespaldo", "Respaldo de la compañía") {
     Aviso = new QLabel;
     Aviso->setObjectName("Aviso");
     Aviso->setWordWrap(true);
-    auto* examinar = new QPushButton("E&xaminar…");
+    auto* examinar = new QPushButton("E&xaminar");
     examinar->setObjectName("Examinar");
     connect(examinar, &QPushButton::clicked, this,
             [this] { proteja([this] { ExaminarClick(); }); });

@@ -58,10 +58,7 @@ void FormaConcepto::defina_campos() {
     d.AfterInsert = [this] { nueva_linea(); };
     d.BeforePost = [this] { al_dejar_la_linea(); };
     d.AfterScroll = [this] { al_llegar_a_la_linea(); };
-    d.AfterDelete = d.AfterCancel = [this] {
-        if (CCuentas.IsEmpty())
-            al_llegar_a_la_linea(); // a ninguna: los nombres eran de la que se fue
-    };
+    d.AfterDelete = d.AfterCancel = [this] { muestre_nombres(); };
 }
 
 // ---------------------------------------------------------------- disposición
@@ -224,14 +221,17 @@ void FormaConcepto::al_dejar_la_linea() {
         contador_.empiece(contador_.ultimo() - 1);
 }
 
+void FormaConcepto::muestre_nombres() {
+    const bool hay = CCuentas.Active() && !CCuentas.IsEmpty();
+    for (const auto& [campo, caja] :
+         {std::pair{"CUEN_COD", NomCuenta}, {"COCU_CUENTABASE", NomBase}})
+        hay ? muestre_nombre(CCuentas.FieldByName(campo), caja) : caja->clear();
+}
+
 void FormaConcepto::al_llegar_a_la_linea() {
-    if (!CCuentas.Active() || CCuentas.IsEmpty()) {
-        NomCuenta->clear();
-        NomBase->clear();
+    muestre_nombres();
+    if (!CCuentas.Active() || CCuentas.IsEmpty())
         return;
-    }
-    muestre_nombre(CCuentas.FieldByName("CUEN_COD"), NomCuenta);
-    muestre_nombre(CCuentas.FieldByName("COCU_CUENTABASE"), NomBase);
     if (CConceptos.State() == Estado::Edicion && !CCuentas.FieldByName("CUEN_COD").vacio())
         CCuentas.Edit();
 }

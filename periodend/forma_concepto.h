@@ -36,6 +36,8 @@ private:
     void nueva_linea();
     void al_dejar_la_linea();
     void al_llegar_a_la_linea();
+    /// De las cuentas de la línea actual; de ninguna, nada.
+    void muestre_nombres();
     void muestre_nombre(const Campo& cuenta, QLineEdit* caja);
     void cuenta_cambiada(Campo& campo, QLineEdit* nombre);
     void centro_cambiado();

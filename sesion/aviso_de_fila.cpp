@@ -8,12 +8,12 @@
 
 #include <QApplication>
 
-namespace {
-
 qint64 ultimo_aviso(const AvisosBarra* barra) {
     const HistoriaAvisos* historia = HistoriaAvisos::de(barra);
     return historia ? historia->ultimo() : 0;
 }
+
+namespace {
 
 class AvisoDeFila : public QObject, public EnlaceDatos {
 public:

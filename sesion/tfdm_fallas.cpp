@@ -85,8 +85,7 @@ void Tfdm::ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const Err
     // Lo que dijo el motor sirve a quien da soporte, y a nadie más.
     registre_en_archivo(error.detalle().isEmpty() ? texto : texto + " | " + error.detalle());
     hubo_error = true;
-    const HistoriaAvisos* historia = HistoriaAvisos::de(barra_);
-    const qint64 antes = historia ? historia->ultimo() : 0;
+    const qint64 antes = ultimo_aviso(barra_);
     if (barra_)
         barra_->texto(texto);
     QString mensaje;

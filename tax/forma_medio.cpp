@@ -161,7 +161,7 @@ QLineEdit* FormaMedio::caja(const QString& nombre, int caracteres) {
 QWidget* FormaMedio::cree_ubicacion() {
     auto* otra = new QToolButton(this);
     otra->setObjectName("SpeedButton1");
-    otra->setText("…");
+    otra->setText("...");
     otra->setAccessibleName("Escoger el archivo");
     otra->setToolTip("Escoger el archivo");
     connect(otra, &QToolButton::clicked, this,

@@ -81,7 +81,7 @@ void Tfmediosmag::arme() {
         connect(f, &QLineEdit::textChanged, this, suelte);
     auto* otra = new QToolButton(this);
     otra->setObjectName("SpeedButton1");
-    otra->setText("…");
+    otra->setText("...");
     otra->setAccessibleName("Escoger el archivo");
     connect(otra, &QToolButton::clicked, this, [this] {
         ejecute([this] {

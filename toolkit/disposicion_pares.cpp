@@ -368,9 +368,9 @@ void DisposicionBanda::alinee_pilas(int ancho) const {
         for (const QLayoutItem* item : banda ? banda->a_la_vista() : QVector<QLayoutItem*>()) {
             const QMargins m = item->widget()->contentsMargins();
             auto* pares = dynamic_cast<DisposicionPares*>(item->widget()->layout());
-            if (!pares || pares->ancho_de_rotulos() == 0)
+            if (!pares)
                 continue;
-            if (!banda->en_pila(ancho)) {
+            if (pares->ancho_de_rotulos() == 0 || !banda->en_pila(ancho)) {
                 corra(*pares, 0);
                 continue;
             }

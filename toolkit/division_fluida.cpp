@@ -129,15 +129,16 @@ int DivisionFluida::falta(const QWidget& parte, bool con_titulos) const {
 
 void DivisionFluida::preste() {
     // Primero lo que las dos dicen; si les alcanza, los títulos en un renglón.
-    if (!preste(false))
+    preste(false);
+    if (falta(*widget(0), false) == 0 && falta(*widget(1), false) == 0)
         preste(true);
 }
 
-bool DivisionFluida::preste(bool con_titulos) {
+void DivisionFluida::preste(bool con_titulos) {
     const auto falta = [&](const QWidget& parte) { return this->falta(parte, con_titulos); };
     const int faltas[] = {falta(*widget(0)), falta(*widget(1))};
     if ((faltas[0] > 0) == (faltas[1] > 0))
-        return faltas[0] > 0;
+        return;
     const int pide = faltas[0] > 0 ? 0 : 1, da = 1 - pide;
     const auto pase = [&](int ancho) {
         QList<int> partes = sizes();
@@ -147,5 +148,4 @@ bool DivisionFluida::preste(bool con_titulos) {
     };
     pase(faltas[pide]);
     pase(-falta(*widget(da))); // lo que la otra sí necesitaba
-    return true;
 }

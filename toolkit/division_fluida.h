@@ -1,6 +1,6 @@
 #pragma once
-// Dos partes con rejillas, lado a lado mientras todas sus columnas se vean así; si no, una debajo
-// de la otra.
+// Dos partes con rejillas, lado a lado mientras así se vean todas sus columnas y se reconozcan sus
+// nombres; si no, una debajo de la otra.
 #include <QSplitter>
 
 /// Reparte el ancho según lo que pide cada parte y lo que sobra según su factor; entre dos, la que
@@ -21,8 +21,7 @@ private:
     /// Lo que a una parte le falta para que también sus nombres se lean enteros.
     int falta(const QWidget& parte, bool con_titulos) const;
     void preste();
-    /// Falso si a ninguna le falta nada.
-    bool preste(bool con_titulos);
+    void preste(bool con_titulos);
 
     bool arrastrada_ = false, acomodando_ = false, siguiendo_ = false;
 };

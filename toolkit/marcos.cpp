@@ -39,7 +39,6 @@ MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
             (*w)->setAutoFillBackground(true);
             (*w)->hide();
         }
-        velo_->setAttribute(Qt::WA_TransparentForMouseEvents);
         botones_->installEventFilter(this);
     }
     connect(qApp, &QApplication::focusChanged, this, &MarcoPantalla::siga_el_foco_luego);
@@ -73,7 +72,7 @@ void MarcoPantalla::fije_botones() {
     telon_->setGeometry(horizontalScrollBar()->value(), sobre, viewport()->width(),
                         fondo + margen + 1 - sobre);
     telon_->setVisible(natural.bottom() > fondo);
-    const int cortada = telon_->isVisible() ? comienzo_de_la_cortada(sobre) : sobre;
+    const int cortada = telon_->isVisible() ? comienzo_del_velo(sobre) : sobre;
     velo_->setGeometry(telon_->x(), cortada, telon_->width(), sobre - cortada);
     velo_->setVisible(cortada < sobre);
     for (QWidget* w : {velo_.data(), telon_.data()})
@@ -87,7 +86,7 @@ void MarcoPantalla::fije_botones() {
     fijando_ = false;
 }
 
-int MarcoPantalla::comienzo_de_la_cortada(int borde) const {
+std::optional<int> MarcoPantalla::comienzo_de_la_cortada(int borde) const {
     const int renglon = fontMetrics().lineSpacing();
     int comienzo = borde;
     for (const QWidget* w : pantalla_->findChildren<QWidget*>()) {
@@ -103,9 +102,21 @@ int MarcoPantalla::comienzo_de_la_cortada(int borde) const {
         while (area && !qobject_cast<const QAbstractScrollArea*>(area))
             area = area->parentWidget();
         if (w->hasFocus() || w->isAncestorOf(pantalla_->focusWidget()))
-            return borde;
+            return {};
         if (area == this && !botones_->isAncestorOf(w) && w != botones_)
             comienzo = qMin(comienzo, lugar.top());
+    }
+    return comienzo;
+}
+
+int MarcoPantalla::comienzo_del_velo(int borde) const {
+    // Donde empieza una puede cortarse su vecina, que estaba entera.
+    int comienzo = borde;
+    for (int antes = -1; std::exchange(antes, comienzo) != comienzo;) {
+        const auto cortada = comienzo_de_la_cortada(comienzo);
+        if (!cortada)
+            return borde;
+        comienzo = *cortada;
     }
     return comienzo - verticalScrollBar()->value() < alto_libre() / 2 ? borde : comienzo;
 }

@@ -7,6 +7,7 @@
 
 #include <QDialog>
 #include <QScrollArea>
+#include <optional>
 
 class MarcoPantalla : public QScrollArea {
 public:
@@ -32,8 +33,10 @@ private:
     bool ajuste_margenes(int falta);
     /// Los botones se quedan en el borde de abajo aunque la pantalla sea más alta que su ventana.
     void fije_botones();
-    /// De la fila que sobre ese borde se asoma a medias no se ve nada. Devuelve dónde empieza.
-    int comienzo_de_la_cortada(int borde) const;
+    /// Dónde empieza la fila que ese borde corta, el borde si a ninguna; nada si tiene el foco.
+    std::optional<int> comienzo_de_la_cortada(int borde) const;
+    /// De las filas que sobre ese borde se asoman a medias no se ve nada. Devuelve desde dónde.
+    int comienzo_del_velo(int borde) const;
     /// El alto de la ventanilla que los botones no tapan.
     int alto_libre() const;
     /// Corre la ventanilla, lo menos que se pueda, hasta que ese lugar de la pantalla se vea, y no

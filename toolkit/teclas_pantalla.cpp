@@ -223,8 +223,11 @@ bool pase_de_pagina(QWidget* foco) {
     if (!otra || otra->findChild<Rejilla*>() || !esta->isAncestorOf(foco) ||
         orden_de_lectura(esta, foco).constLast() != foco)
         return false;
+    const Pantalla* antes = escritorio() ? escritorio()->activa() : nullptr;
     if (ControlDato* control = control_dato(foco); control && !control->escriba())
         return true;
+    if (escritorio() && escritorio()->activa() != antes)
+        return true; // lo escrito abrió otra pantalla: el foco es de ella
     paginas->setCurrentWidget(otra);
     if (const auto orden = orden_de_lectura(otra, nullptr); !orden.isEmpty())
         orden[0]->setFocus(Qt::TabFocusReason);

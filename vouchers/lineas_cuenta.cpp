@@ -38,8 +38,8 @@ QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
 }
 
 namespace {
-/// Un saldo que no dice nada le da su ancho al nombre, y si también calla, a los de su renglón:
-/// para saber dónde sigue otro renglón siempre piden lo mismo.
+/// Un saldo que no dice nada le da su ancho al nombre, y si también calla, a los de su renglón: que
+/// el nombre se llene o se vacíe no cambia dónde sigue otro renglón.
 void ceda_si_calla(EditorNumero* saldo, QLineEdit* nombre) {
     const auto reparta = [saldo, nombre, minimo = nombre->minimumWidth()] {
         const int lleno = saldo->sizeHint().width();

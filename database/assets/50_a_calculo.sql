@@ -44,9 +44,9 @@ CREATE OR ALTER FUNCTION UNIDADES_QUE_RESTAN (CODIGO varchar(15))
 RETURNS integer
 AS
 BEGIN
-  RETURN (SELECT maxvalue(coalesce(A.ACFJ_MESDEP, 0), coalesce(A.ACFJ_DEPNIIF, 0))
-      - coalesce(maxvalue(sum(iif(D.DEDE_LIBRO = '2649', D.DEDE_UNIDADES, 0)),
-          sum(iif(D.DEDE_LIBRO = 'NIIF', D.DEDE_UNIDADES, 0))), 0)
+  RETURN (SELECT maxvalue(
+      coalesce(A.ACFJ_MESDEP, 0) - sum(iif(D.DEDE_LIBRO = '2649', D.DEDE_UNIDADES, 0)),
+      coalesce(A.ACFJ_DEPNIIF, 0) - sum(iif(D.DEDE_LIBRO = 'NIIF', D.DEDE_UNIDADES, 0)))
     FROM ACTIVOS_FIJOS A
     LEFT JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = A.ACFJ_COD AND D.DEDE_CLASE IN ('D', 'I')
     WHERE A.ACFJ_COD = :CODIGO

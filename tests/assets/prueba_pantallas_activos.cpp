@@ -85,6 +85,28 @@ struct Almacenista : SesionGui {
 
 class PruebaPantallasActivos : public QObject {
     Q_OBJECT
+    /// Lo que no reparte nada se pregunta, y lo negativo se rehúsa.
+    static void corrija_el_reparto(Almacenista& s, ConjuntoDatos& centros) {
+        const auto ponga = [&](const char* parte) {
+            centros.Edit();
+            centros.FieldByName("ACCE_PORC") = parte;
+        };
+        ponga("0");
+        centros.Prior();
+        ponga("0");
+        s.i.espere("El reparto por centros de costo no tiene porcentajes: el gasto no se "
+                   "repartirá. Desea grabarlo así?",
+                   "No");
+        oprima(Qt::Key_F2);
+        ponga("-50");
+        s.i.espere("El porcentaje no puede ser negativo.");
+        QVERIFY_EXCEPTION_THROWN(centros.Post(), EdicionAbortada);
+        centros.Cancel();
+        ponga("60");
+        centros.Next();
+        ponga("40");
+    }
+
 private slots:
     void la_ficha_toma_del_grupo_los_meses_y_valida_sus_cuentas() {
         Almacenista s;
@@ -117,6 +139,13 @@ private slots:
         digite("99", Qt::Key_Return);
         agote_eventos();
         QCOMPARE(con_foco()->objectName(), "DepC");
+        enfoque(s.p, "DepC"); // la búsqueda que se abrió se queda al frente
+        digite("?5", Qt::Key_Return);
+        agote_eventos();
+        QCOMPARE(s.escritorio.activa()->objectName(), "Tfcuentas");
+        plan.cancele();
+        agote_eventos();
+        enfoque(s.p, "DepC");
         oprima(Qt::Key_Return);
         QCOMPARE(con_foco()->objectName(), "EVida");
         QCOMPARE(s.caja("EVida"), "60");
@@ -188,8 +217,7 @@ private slots:
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select count(*) from activos_centros"), "0");
         QCOMPARE(forma->PageControl1->currentIndex(), 2);
-        forma->CCentros.Edit();
-        forma->CCentros.FieldByName("ACCE_PORC") = "40";
+        corrija_el_reparto(s, forma->CCentros);
         forma->PageControl1->setCurrentIndex(3);
         enfoque(s.p, "DBGridEh2");
         oprima(Qt::Key_Insert);
@@ -428,7 +456,11 @@ private slots:
         s.i.espere_comienzo("Aquí se elimina solo un nuevo valor del activo.");
         oprima_seguidas({Qt::Key_F3, Qt::Key_Down, Qt::Key_Down});
         s.i.espere_comienzo("Desea borrar definitivamente el nuevo valor CG 0001 0", "Sí");
+        AvisosBarra barra;
+        s.dm.barra(&barra);
         oprima(Qt::Key_F3);
+        s.dm.barra(nullptr);
+        QVERIFY(barra.text().startsWith("Se borró el nuevo valor CG 0001 0"));
         QCOMPARE(conceptos(), "Adición NIIF, Compra, Depreciación, Depreciación NIIF");
         QCOMPARE(s.dato("select count(*) from activos_fijos_valor"), "0");
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "2");

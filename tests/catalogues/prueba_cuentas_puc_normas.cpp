@@ -179,7 +179,12 @@ private slots:
                 QString("delete from cuentas_niif where char_length(cuen_cod) = %1").arg(largo));
         dice([&] { copie_cuentas_a_niif(); }, pregunta, "No");
         QCOMPARE(s.dato("select count(*) from cuentas_niif"), "0");
+        AvisosBarra barra;
+        s.dm.barra(&barra);
         dice([&] { copie_cuentas_a_niif(); }, pregunta, "Sí");
+        s.dm.barra(nullptr);
+        QCOMPARE(barra.text(), "Copiadas " + s.dato("select count(*) from cuentas_niif") +
+                                   " cuentas al plan NIIF");
         QCOMPARE(s.dato("select count(*) from cuentas_niif"),
                  s.dato("select count(*) from cuentas"));
         QCOMPARE(

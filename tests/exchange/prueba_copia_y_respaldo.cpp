@@ -36,7 +36,8 @@ void copie_todo(const QString& cual, Conexion& origen, Conexion& destino) {
     }
     const Libro libro = Libro::Decreto2649;
     if (hay_cuentas(destino, libro, {"1", "999999"}))
-        borre_rango(destino, libro, {"1", "999999"});
+        borre_rango(destino, libro, {"1", "999999"},
+                    cuentas_por_llegar(origen, destino, libro, {"1", "999999"}, "6"));
     copie_cuentas(origen, destino, libro, {"1", "999999"}, "6");
 }
 
@@ -158,7 +159,7 @@ void PruebaCopiaYRespaldo::lo_que_hay_en_el_destino_se_borra_todo_o_nada() {
     // Su cuenta de ajuste y la contrapartida van después de ella, como en el plan oficial.
     otra_->ejecute("update cuentas set cuen_ctajuste = '111005', cuen_ctacorrecion = '1110' where "
                    "cuen_cod = '110505'");
-    QVERIFY_EXCEPTION_THROWN(borre_rango(*otra_, Libro::Decreto2649, {"111005", "111005"}),
+    QVERIFY_EXCEPTION_THROWN(borre_rango(*otra_, Libro::Decreto2649, {"111005", "111005"}, {}),
                              ErrorBase); // la nombra una de fuera
     const QString pregunta = "Ya existen cuentas en el rango especificado en la compañía de "
                              "destino, este proceso borrará dichas cuentas. Continuar?";
@@ -194,6 +195,11 @@ void PruebaCopiaYRespaldo::lo_que_hay_en_el_destino_se_borra_todo_o_nada() {
                             "'110599')")
                  .texto(),
              "Caja general");
+    QCOMPARE(otra_
+                 ->consulte("select cuen_ctajuste || cuen_ctacorrecion from cuentas where "
+                            "cuen_cod = '110505'")
+                 .texto(),
+             "1110051110");
 }
 
 void PruebaCopiaYRespaldo::los_terceros_que_ya_estan_no_cambian() {

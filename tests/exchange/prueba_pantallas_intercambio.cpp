@@ -66,6 +66,20 @@ private:
             dos->Ubicacion->setText(ruta);
         return qobject_cast<Tfimportarinv3*>(siga(Qt::Key_F2));
     }
+    /// La que se cortó era del otro libro, que no se recuerda.
+    void pregunte_por_el_otro_libro(Tfimportarinv3& tres, const QString& ruta) {
+        DiarioImportacion del_otro(s_->base.ruta(), s_->dm.Quorvex.parametros().base, Libro::Niif,
+                                   ruta, tres.forma());
+        del_otro.empiece();
+        del_otro.por_grabar(1, 0, {"CG", "0001", "000001"});
+        i_->espere(
+            "Este archivo se estaba importando al libro NIIF y se detuvo. Desea importarlo al "
+            "libro 2649?",
+            "No");
+        siga(Qt::Key_F2);
+        QVERIFY(tres.isVisible());
+        del_otro.termine();
+    }
     void un_movimiento() {
         grabe(s_->base.base(), 1, "20170301", {{1, "110505", 100, 0}, {2, "111005", 0, 100}});
     }
@@ -120,6 +134,7 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
     QCOMPARE(s_->dato("select imin_columna from importacion_inventario where imin_tipo = 6 and "
                       "imin_dato = 'ENCO_REFER'"),
              "6");
+    pregunte_por_el_otro_libro(*tres, ruta);
     // La que se cortó se puede seguir, aunque las filas salgan ahora en otro orden. La bitácora que
     // no se deja escribir se dice.
     DiarioImportacion diario(s_->base.ruta(), s_->dm.Quorvex.parametros().base, Libro::Decreto2649,
@@ -412,8 +427,14 @@ void PruebaPantallasIntercambio::borrar_el_plan_dice_antes_lo_que_se_puede() {
     llene(p, "Edit2", "110590");
     QCOMPARE(componente<QLabel>(p, "Nombre2").text(), QString()); // el de la anterior no se queda
     i_->espere_comienzo("De las 4 cuentas, de la 1105 a la 110590, se borrarán 2 y quedarán 2, "
-                        "desde la 110505: ",
+                        "porque no se puede borrar la 110505: ",
                         "No");
+    const QSignalSpy balance(&s_->cnt, &Tfdmcnt::balance_por_recalcular);
+    siga(Qt::Key_F2);
+    QCOMPARE(balance.count(), 0); // nada cambió
+    for (const char* caja : {"Edit1", "Edit2"})
+        llene(p, caja, "110505");
+    i_->espere_comienzo("No se puede borrar la cuenta 110505: ");
     siga(Qt::Key_F2);
     QCOMPARE(s_->dato("select count(*) from cuentas where cuen_cod = '110590'"), "1");
 }

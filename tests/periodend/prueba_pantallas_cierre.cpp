@@ -393,6 +393,13 @@ private slots:
         digite_celdas({"110505", "", "1234567", "0001", "0009"});
         QVERIFY(lineas.FieldByName("TERC_NIT").vacio());
         QVERIFY(lineas.FieldByName("CENT_COD").vacio());
+        const QString suya = s.caja("NomCuenta");
+        lineas.CheckBrowseMode();
+        lineas.Edit();
+        lineas.FieldByName("CUEN_COD") = "111005";
+        QVERIFY(s.caja("NomCuenta") != suya);
+        lineas.Cancel(); // la línea descartada se lleva el nombre que puso
+        QCOMPARE(s.caja("NomCuenta"), suya);
         oprima(Qt::Key_F2);
         QVERIFY(!s.escritorio.abierta("Tfmodconcepto"));
         QCOMPARE(s.dato("select conc_anoini || conc_mesini || conc_anofin || conc_mesfin || "

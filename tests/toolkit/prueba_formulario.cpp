@@ -95,7 +95,7 @@ private slots:
         QTRY_COMPARE(en(cajas[1], &ventana).left(), en(cajas[0], &ventana).left());
         QCOMPARE(en(cajas[2], &ventana).left(), en(cajas[0], &ventana).left());
         const int antes = en(cajas[0], &ventana).left();
-        f.rotule(cajas[0], QString(30, 'm')); // correr los demás tanto los deja sin sitio
+        f.rotule(cajas[0], QString(30, 'm')); // correrlos tanto no es alinearlos
         QTRY_VERIFY(en(cajas[0], &ventana).left() > antes);
         QTRY_VERIFY(en(cajas[1], &ventana).left() < antes);
     }
@@ -230,6 +230,13 @@ private slots:
                     c->mapTo(p, QPoint()).y() > corrida && !r.isEmpty())
                     QCOMPARE(r.height(), c->height());
         }
+        for (int corrida = 0; corrida < 60; corrida += 3) { // lo que no se ve tampoco se oprime
+            marco->verticalScrollBar()->setValue(corrida);
+            for (const auto* c : cajas)
+                if (const QPoint medio = c->mapTo(marco->viewport(), c->rect().center());
+                    c->visibleRegion().isEmpty() && marco->viewport()->rect().contains(medio))
+                    QVERIFY(marco->viewport()->childAt(medio) != c);
+        }
         // Con más área vuelven, aunque la barra siga angosta.
         barra->resize(entera.width() - 10, entera.height());
         QVERIFY(primero->iconSize().isEmpty());
@@ -237,6 +244,37 @@ private slots:
         QTRY_VERIFY(area->viewport()->height() > 700);
         barra->resize(entera.width() - 9, entera.height());
         QVERIFY(!primero->iconSize().isEmpty());
+    }
+
+    void el_velo_no_corta_la_fila_de_al_lado() {
+        QMainWindow ventana;
+        auto* area = new QMdiArea;
+        Escritorio escritorio(area);
+        ventana.setCentralWidget(area);
+        ventana.resize(800, 500);
+        ventana.show();
+        auto* p = new Pantalla("TfDosColumnas");
+        QVector<QWidget*> filas;
+        Formulario f(p);
+        f.grupo("Cajas");
+        for (int i = 0; i < 20; ++i)
+            f.fila("Caja", filas.emplace_back(new QLineEdit));
+        f.al_lado().grupo("Casillas");
+        for (int i = 0; i < 24; ++i)
+            f.fila("", filas.emplace_back(new QCheckBox("Casilla")));
+        f.botones(new BarraBotones(p));
+        escritorio.muestre(p);
+        filas.first()->setFocus();
+        agote_eventos();
+        QVERIFY(en(filas[20], p).left() > en(filas[0], p).right());
+        auto* marco = qobject_cast<QAbstractScrollArea*>(p->parentWidget()->parentWidget());
+        for (int corrida = 0; corrida < 60; corrida += 3) {
+            marco->verticalScrollBar()->setValue(corrida);
+            for (const QWidget* w : filas)
+                if (const QRect r = w->visibleRegion().boundingRect();
+                    en(w, p).top() > corrida && !r.isEmpty())
+                    QCOMPARE(r.height(), w->height());
+        }
     }
 
     void la_fila_de_busqueda_arma_su_criterio_y_enter_busca_antes_de_escoger() {

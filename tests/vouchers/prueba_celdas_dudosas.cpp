@@ -125,6 +125,7 @@ private slots:
         l.NomCuenta->setText(QString(70, 'm'));
         agote_eventos();
         QCOMPARE(l.NomTerc->width(), l.NomCent->width());
+        QVERIFY(l.NomCuenta->width() > l.NomTerc->width());
     }
 
     void un_porcentaje_de_mas_de_cien_se_pregunta() {

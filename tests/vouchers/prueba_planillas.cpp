@@ -94,6 +94,7 @@ private slots:
         const auto &tipo = componente<QWidget>(p, "LTipo"), &pref = componente<QWidget>(p, "LPref");
         QVERIFY(pref.mapTo(p, QPoint()).x() - tipo.mapTo(p, QPoint(tipo.width(), 0)).x() <
                 paso(12)); // juntos
+        QCOMPARE(pref.mapTo(p, QPoint()).y(), tipo.mapTo(p, QPoint()).y());
         QVERIFY(!componente<QWidget>(p, "Nit").isVisible());
         pulse(p, "ckTerc");
         QVERIFY(componente<QWidget>(p, "Nit").isVisible());

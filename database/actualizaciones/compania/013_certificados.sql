@@ -1,0 +1,2 @@
+-- El certificado de retención dice el dígito de verificación de cada tercero. Los guiones hacen el
+-- procedimiento; sin él, este programa no podría dar ninguno.
