@@ -42,6 +42,10 @@ Valor o(const Valor& valor, const char* defecto) {
     return valor.nulo() ? Valor(defecto) : valor;
 }
 
+/// Otras del mismo plan: pueden venir después en el archivo, y solo al final se sabe si faltan.
+constexpr std::pair<const char*, const char*> kNombradas[] = {
+    {"CUEN_CTAJUSTE", "la de ajuste"}, {"CUEN_CTACORRECION", "la de corrección"}};
+
 } // namespace
 
 void ImportacionCuentas::procese(const RegistroLeido& registro) {
@@ -82,8 +86,22 @@ void ImportacionCuentas::procese(const RegistroLeido& registro) {
     if (falla.isEmpty()) {
         ++resultado_.grabados;
         vistos_.insert(codigo);
+        for (const auto& [dato, nombre] : kNombradas)
+            if (const QString otra = texto(dato); !otra.isEmpty())
+                nombradas_.insert({otra, nombre}, codigo);
     } else {
         rehuse(registro, falla);
+    }
+}
+
+void ImportacionCuentas::termine() {
+    for (auto i = nombradas_.cbegin(); i != nombradas_.cend(); ++i) {
+        if (existe(i.key().first))
+            continue;
+        resultado_.avisos << QStringLiteral("La cuenta %1 no existe: es %2 de la %3.")
+                                 .arg(i.key().first, QLatin1String(i.key().second), i.value());
+        if (anote)
+            anote(resultado_.avisos.last(), llave_);
     }
 }
 

@@ -26,11 +26,14 @@ public:
 
 protected:
     void procese(const RegistroLeido& registro) override;
+    void termine() override;
 
 private:
     bool existe(const QString& codigo);
     /// Por qué la equivalente no sirve, o vacío.
     QString rechazo_de_equivalente();
+    /// La que se nombra y para qué, y la última que la nombra.
+    QMap<std::pair<QString, const char*>, QString> nombradas_;
 };
 
 class ImportacionTerceros : public ImportacionPorRenglon {

@@ -1,10 +1,10 @@
 #include "ledger/balanceporniveles.h"
 
 #include "libro/catalogos.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
-#include "toolkit/historia_avisos.h"
 
 namespace {
 constexpr int kPrimerAno = 1990;
@@ -42,7 +42,8 @@ void BalancePorNiveles::BitBtn3Click() {
 bool BalancePorNiveles::consulte(Libro libro, const QString& codigo, const char* pantalla) {
     // Sobre una fila de grupo no se interrumpe con un diálogo: la razón queda en la barra.
     if (const auto rechazo = revise_cuenta(fdm().Quorvex, libro, codigo)) {
-        anuncie(fdm().barra(), rechazo->texto);
+        if (!codigo.isEmpty()) // un balance sin filas no nombra ninguna
+            noticia_de_pantalla(rechazo->texto);
         return false;
     }
     pantallas().abrir(pantalla, AbreAuxiliar{.cuenta_auxiliar = codigo});

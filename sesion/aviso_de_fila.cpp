@@ -78,6 +78,14 @@ void advierta_de_pantalla(const QString& texto) {
         aviso_de_pantalla(*barra, antes);
 }
 
+void noticia_de_pantalla(const QString& texto) {
+    AvisosBarra* barra = fdm().barra();
+    const qint64 antes = ultimo_aviso(barra);
+    anuncie(barra, texto);
+    if (barra)
+        aviso_de_pantalla(*barra, antes);
+}
+
 void aviso_de_pantalla(AvisosBarra& barra, qint64 antes) {
     if (ultimo_aviso(&barra) == antes)
         return;

@@ -274,15 +274,18 @@ void PruebaImportacion::las_cuentas_y_los_terceros_que_existen_no_cambian() {
                                            "112005,Hu\xE9rfana\n"
                                            "1120,Cuentas de ahorro,,,,,,,,\n"
                                            "112010,Mal equivalente,N,N,N,,,,999999,N\n"
-                                           "112005,Bancos ahorro,S,N,N,,,N,110505,N\n"
+                                           "112005,Bancos ahorro,S,N,N,777777,112015,N,110505,N\n"
+                                           "112015,Otra de ahorro,S\n"
                                            "112005,Repetida\n");
     QCOMPARE(rechazos(cuentas.resultado),
              "4|112005,Ahorros,S,N,N,,,,,X|'X' no vale en \"la clase de cuenta\": debe ser "
              "una de N, I, C, A.\n"
              "5|112005,Huérfana|No existe la cuenta 1120, de nivel superior a la 112005.\n"
              "7|112010,Mal equivalente,N,N,N,,,,999999,N|La cuenta NIIF 999999 no existe.");
-    QCOMPARE(cuentas.resultado.grabados, 2);
+    QCOMPARE(cuentas.resultado.grabados, 3);
     QCOMPARE(cuentas.resultado.omitidos, 4);
+    QCOMPARE(cuentas.resultado.avisos,
+             QStringList("La cuenta 777777 no existe: es la de ajuste de la 112005."));
     QCOMPARE(filas("select cuen_nom, cuen_tercero, cuen_tipo, cuen_afectable, cuen_activa from "
                    "cuentas where cuen_cod in ('110505', '1120', '112005') order by cuen_cod"),
              "Caja general|N|N|S|S\nCuentas de ahorro|N|N|N|S\nBancos ahorro|S|N|S|S");

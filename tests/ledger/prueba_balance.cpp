@@ -344,6 +344,9 @@ private slots:
         barra.texto({});
         oprima(Qt::Key_F6);
         QCOMPARE(barra.text(), "La cuenta es de nivel inferior al mínimo afectable.");
+        b->close();
+        agote_eventos();
+        QCOMPARE(barra.text(), QString());
         s.dm.barra(nullptr);
         QVERIFY(abiertas_.isEmpty());
         registre_pantallas_consulta();

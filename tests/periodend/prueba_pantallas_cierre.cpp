@@ -262,6 +262,8 @@ private slots:
     void un_registro_se_crea_con_sus_conceptos() {
         Contador s("ADMIN", 4);
         s.venta("20170510", "1000");
+        s.base.ejecute("insert into conceptos (conc_cod, conc_nom, conc_vence) values ('A0', "
+                       "'Otro', 'N')");
         ListaFalsa<PideCuenta> plan("Tfcuentas");
         auto* lista = s.abra("Tfbuscregiauto");
         s.siga(Qt::Key_F5);
@@ -294,7 +296,7 @@ private slots:
         QCOMPARE(cuentas.FieldByName("COCU_BASE").texto(), "FIN");
         oprima_seguidas({Qt::Key_Space, Qt::Key_F2});
         QCOMPARE(s.escritorio.activa(), conceptos);
-        oprima(Qt::Key_Return); // lo escoge
+        oprima(Qt::Key_Return); // escoge el recién hecho, que quedó señalado
         agote_eventos();
         QCOMPARE(s.escritorio.activa(), s.p);
         auto& lineas = *componente<Rejilla>(s.p, "DBGridEh1").conjunto();

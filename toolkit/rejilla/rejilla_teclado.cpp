@@ -82,8 +82,8 @@ void Rejilla::baje() {
         modelo_->fetchMore({});
     if (fila + 1 < modelo_->rowCount())
         vaya(fila + 1, columna);
-    else if (!fila_intacta())
-        agregue_fila(columna >= 0 && columna < cuenta_columnas() ? columna : 0);
+    else if (!fila_intacta()) // empieza por donde toda fila: en un importe caería su código
+        agregue_fila(qMax(0, columna_de_entrada(*this)));
 }
 
 void Rejilla::suba() {
