@@ -25,6 +25,16 @@ function(quorvex_piso nombre)
   endif()
 endfunction()
 
+# Las más largas, con los segundos que tardan en un equipo quieto: CTest empieza por ellas aunque no
+# las haya corrido nunca.
+set(quorvex_largas
+    prueba_administrador 100 prueba_hojas 75 prueba_actualizacion 55 prueba_esquema_actualizado 55
+    prueba_cortes 50 prueba_servidor 45 prueba_cortes_pantallas 43 prueba_demostracion 40
+    prueba_cierre_muerto 38 prueba_consolidados 35 prueba_importacion 34 prueba_depreciacion 33
+    prueba_principal 32 prueba_restauracion 30 prueba_manos 30 prueba_mantenimiento 30
+    prueba_copia_y_respaldo 30 prueba_lote 26 prueba_muerte_subita 24 prueba_aspecto 23
+    prueba_estados 23 prueba_servidor_caido 21)
+
 # Un programa de pruebas por archivo: tests/<piso>/prueba_x.cpp.
 function(quorvex_prueba archivo)
   cmake_parse_arguments(P "" "" "DEPENDE" ${ARGN})
@@ -41,4 +51,10 @@ function(quorvex_prueba archivo)
   # no mide nada: en un equipo cargado las más largas tardan varias veces lo suyo.
   set_tests_properties(${nombre} PROPERTIES ENVIRONMENT
     "QT_QPA_PLATFORM=offscreen;QUORVEX_PROYECTO=${CMAKE_SOURCE_DIR};QUORVEX_CONSTRUCCION=${CMAKE_BINARY_DIR};QTEST_FUNCTION_TIMEOUT=540000;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/datos_pruebas/${nombre}" TIMEOUT 600)
+  list(FIND quorvex_largas ${nombre} lugar)
+  if(NOT lugar EQUAL -1)
+    math(EXPR lugar "${lugar} + 1")
+    list(GET quorvex_largas ${lugar} segundos)
+    set_tests_properties(${nombre} PROPERTIES COST ${segundos})
+  endif()
 endfunction()

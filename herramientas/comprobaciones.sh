@@ -14,28 +14,55 @@ anote_lo_que_hay() {
     ultimo=$(echo "select coalesce(max(enco_consec), 0) from comprobante_encabezado;" | consulte)
     ultimo=$((ultimo))
 }
+# exija QUÉ sql|hallado TEXTO <<FIN: lo que se compara al cerrar.
+exija() {
+    exigidos=$((exigidos + 1))
+    local n=$trabajo/exigido/$(printf '%03d' "$exigidos")
+    echo "${guion##*/}: $1" >"$n.que"
+    echo "$3" >"$n.$2"
+    cat >"$n.esperado"
+}
 # quede QUÉ SQL <<FIN: al cerrar, la consulta de una columna debe dar esos renglones.
-quede() {
-    exigidos=$((exigidos + 1))
-    local n=$trabajo/exigido/$(printf '%03d' "$exigidos")
-    echo "${guion##*/}: $1" >"$n.que"
-    echo "$2" >"$n.sql"
-    cat >"$n.esperado"
-}
+quede() { exija "$1" sql "$2"; }
 # anotado QUÉ HALLADO <<FIN: lo que ya se sabe que había, para decirlo al cerrar con lo demás.
-anotado() {
-    exigidos=$((exigidos + 1))
-    local n=$trabajo/exigido/$(printf '%03d' "$exigidos")
-    echo "${guion##*/}: $1" >"$n.que"
-    echo "$2" >"$n.hallado"
-    cat >"$n.esperado"
-}
+anotado() { exija "$1" hallado "$2"; }
 # estaba QUÉ SQL [COMPAÑÍA] <<FIN: lo mismo que quede, pero ya, antes de que se borre: en una copia,
 # que el programa tiene la base para sí. Lo confirmado está entero en el disco.
 estaba() {
     cp "$trabajo/datos/${3:-001}/quorvex.fdb" "$trabajo/copia.fdb"
     anotado "$1" "$(echo "$2;" | consulte "$trabajo/copia.fdb")"
     rm "$trabajo/copia.fdb"
+}
+# coincide NOMBRE N M SQL: guarda la lista que tiene el teclado; sus cifras son las de la consulta.
+coincide() {
+    guarde_lista "$1"
+    [ -n "$(cifras_de "$1" "$2" "$3")" ] || falle "$1 no trae renglones."
+    quede "lo que muestra $1" "$4" < <(cifras_de "$1" "$2" "$3")
+}
+# sql_saldos LLAVE CONDICIÓN AAAAMM [_niif]: lo que suman los renglones, por esa llave.
+sql_saldos() {
+    local mes="code_fecha between '${3}00' and '${3}99'"
+    echo "select $1 || ' ' || cast(sum(i) as numeric(18,2)) || ' ' ||
+        cast(sum(d) as numeric(18,2)) || ' ' || cast(sum(c) as numeric(18,2)) || ' ' ||
+        cast(sum(i + d - c) as numeric(18,2))
+        from (select cuen_cod, terc_nit, proy_cod, cent_cod, arti_cod,
+            coalesce(sain_debito, 0) - coalesce(sain_credito, 0) i, 0 d, 0 c
+            from saldos_iniciales${4:-} union all
+            select cuen_cod, terc_nit, proy_cod, cent_cod, arti_cod,
+            iif($mes, 0, code_debito - code_credito), iif($mes, code_debito, 0),
+            iif($mes, code_credito, 0)
+            from comprobante_detalle${4:-} where code_fecha <= '${3}99') where $2
+        group by $1 having sum(i) <> 0 or sum(d) <> 0 or sum(c) <> 0 order by $1"
+}
+# sql_auxiliar CONDICIÓN AAAAMM [_niif]: los renglones de ese mes.
+sql_auxiliar() {
+    echo "select trim(e.tico_cod) || ' ' || trim(e.prco_pref) || ' ' || trim(e.enco_numero) ||
+        ' ' || e.enco_fecha || ' ' || cast(d.code_debito as numeric(18,2)) || ' ' ||
+        cast(d.code_credito as numeric(18,2))
+        from comprobante_detalle${3:-} d
+        join comprobante_encabezado e on e.enco_consec = d.enco_consec
+        where $1 and e.enco_fecha between '${2}00' and '${2}99'
+        order by e.enco_fecha, e.tico_cod, e.prco_pref, e.enco_numero, d.code_item"
 }
 # hay_comprobante CONCEPTO: está el nuevo que después se deshace.
 hay_comprobante() {

@@ -109,8 +109,6 @@ teclas() {
     foco
     for tecla in "$@"; do
         xdotool key --clearmodifiers --delay 1 "$tecla"
-        # Con su letra un botón queda hundido una décima de segundo antes de obrar.
-        [[ $tecla == ? || $tecla == alt+? ]] && sleep 0.11
         calma
     done
     viva
@@ -190,6 +188,20 @@ grabe_en() {
 guarde_lista() {
     teclas Menu g
     grabe_en "$fotos/$1.txt"
+}
+
+# cifras_de NOMBRE N M: de cada renglón de la lista guardada, las primeras N palabras y las últimas
+# M, sin comas ni rayas.
+cifras_de() {
+    tr -d '\r' <"$fotos/$1.txt" | awk -v n="$2" -v m="$3" '
+        raya && NF {
+            linea = ""
+            for (i = 1; i <= NF; i++)
+                if (i <= n || i > NF - m) linea = linea " " $i
+            gsub("[,/]", "", linea)
+            print substr(linea, 2)
+        }
+        /^--/ { raya = 1 }'
 }
 
 # a_pdf NOMBRE [HOJAS]: graba el informe que ya pidió sus opciones, mira que diga lo suyo y deja la

@@ -34,6 +34,17 @@ escriba "RC"
 foto rango_consecutivos
 teclas F2
 a_pdf consecutivos 1
+# Los mismos, si están descuadrados en el libro NIIF: ninguno.
+informe Down Right Down Down Down Return
+escriba "FV"
+teclas Tab
+escriba "RC"
+veces 6 Tab
+teclas space Tab space
+foto solo_descuadrados
+teclas F2
+hay_aviso || falle "Sólo descuadrados no dice que no hay ninguno."
+teclas Return
 
 informe Down Right Down Down Down Down Return
 teclas F2

@@ -83,10 +83,24 @@ teclas Tab Tab
 archivo_en articulo_4.csv
 teclas F5
 exija_archivo articulo_4.csv
+# Las retenciones del año por tercero, redondeadas; lo que se le pagó a la secretaría no lo es.
+estaba "lo que trae articulo_4.csv" "select terc_nit || ' ' || round(sum(abs(code_base))) || ' ' ||
+    round(sum(code_credito)) from comprobante_detalle
+    where cuen_cod starting '2368' and code_fecha starting '2017' and code_credito > 0
+    and terc_nit <> '899999061'
+    group by terc_nit order by terc_nit" < <(cut -d';' -f3,11,13 --output-delimiter=' ' \
+    "$fotos/articulo_4.csv")
 teclas F8
 foto articulos_del_distrito 1
 teclas F6
 foto articulos_copiados_al_siguiente 1
+quede "los artículos copiados al año siguiente" "select mmdi_ano || ' ' || count(*) || ' ' ||
+    sum((select count(*) from mediosmag_distr_cuentas c where c.mmdi_ano = a.mmdi_ano
+        and c.mmdi_articulo = a.mmdi_articulo))
+    from mediosmag_distr a group by mmdi_ano order by mmdi_ano" <<FIN
+2017 24 35
+2018 24 35
+FIN
 teclas Escape Escape
 cierre_anexo
 
@@ -97,6 +111,13 @@ teclas Tab Tab Tab
 archivo_en exogena.csv
 teclas F5
 exija_archivo exogena.csv
+# El mes por tercero y cuenta; sin los centavos, que el archivo solo trae si los hay.
+estaba "lo que trae exogena.csv" "select terc_nit || ' ' || cuen_cod || ' ' ||
+    cast(trunc(sum(code_debito)) as bigint) || ' ' || cast(trunc(sum(code_credito)) as bigint)
+    from comprobante_detalle where terc_nit is not null and code_fecha between '20170200'
+    and '20170299' group by terc_nit, cuen_cod order by terc_nit, cuen_cod" < <(LC_ALL=C sed -E \
+    's/^"([^"]*)",.*,"([0-9]+)","[^"]*",([0-9]+)[.0-9]*,([0-9]+)[.0-9]*\r?$/\1 \2 \3 \4/' \
+    "$fotos/exogena.csv")
 teclas Escape
 cierre_anexo
 

@@ -53,7 +53,9 @@ espere 1
 teclas F8
 foto movimiento_con_deterioro 1
 teclas Escape
-teclas Down F4 Tab Tab Tab Tab Tab Tab Tab Tab space F2
+teclas Down F4 Tab Tab Tab Tab Tab Tab
+escriba "Marca tecleada"
+teclas Tab Tab space F2
 espere 0.5
 teclas F6
 escriba "Comprobante g"
@@ -101,3 +103,5 @@ NIIF 152405 - - - 0.00 36000000.00
 NIIF 159215 - - - 11250000.00 0.00
 NIIF 531015 - - - 24750000.00 0.00
 FIN
+quede "el activo que se vendió" "select acfj_cod || ' ' || acfj_marca || ' ' || acfj_activo
+    from activos_fijos where acfj_cod = 'MUEBLES'" <<<"MUEBLES Marca tecleada N"

@@ -204,17 +204,32 @@ estaba "lo copiado a la 002" "select terc_nit || ' ' || terc_nom from terceros
 FIN
 teclas Return
 
-# --- respaldo, que queda dicho en la barra de estado
-teclas Tab Return
+# --- un mensaje, que tarda en avisarse: entre tanto, el respaldo, que queda dicho en la barra
+teclas ctrl+m
+escriba "Ya se puede cerrar diciembre"
+foto mensaje 0.8
+teclas F2 Tab Return
 foto respaldo 0.8
 teclas F2
 espere_ventana "Contabilidad - Quorvex 2018"
 foto respaldado 1
+# Trae lo que se acaba de importar.
+anotado "el respaldo" "$(LC_ALL=C grep -al "Transportes La Ceiba Ltda" \
+    "$trabajo"/aplicacion/respaldos/001_*.fbk | wc -l)" <<<1
 teclas Return
 foto respaldo_en_la_barra 0.8
 teclas Escape
+espere_aviso
+foto aviso_de_mensaje
+# El aviso no le quita el teclado a lo que se está haciendo: se va a él con Ctrl+Mayús+M.
+teclas ctrl+shift+m
+foto aviso_con_el_teclado 0.5
+teclas Return
+foto responder_mensaje 1
+escriba "Cerrado queda"
+teclas F2
 
-# --- procedimientos de usuario y mensajes
+# --- procedimientos de usuario, mientras se avisa la respuesta
 teclas alt+v Left Down Down Down Down
 foto menu_de_mantenimiento 0.6
 teclas Return
@@ -226,19 +241,6 @@ escriba "20171231"
 teclas F5
 foto procedimiento_generado 1.5
 teclas Escape
-teclas ctrl+m
-escriba "Ya se puede cerrar diciembre"
-foto mensaje 0.8
-teclas F2
-espere_aviso
-foto aviso_de_mensaje
-# El aviso no le quita el teclado a lo que se está haciendo: se va a él con Ctrl+Mayús+M.
-teclas ctrl+shift+m
-foto aviso_con_el_teclado 0.5
-teclas Return
-foto responder_mensaje 1
-escriba "Cerrado queda"
-teclas F2
 espere_aviso
 foto aviso_de_respuesta
 teclas ctrl+shift+m Escape

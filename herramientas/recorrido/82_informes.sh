@@ -39,13 +39,13 @@ teclas Escape Escape
 estado Right Down Down Down Return
 teclas Tab space ctrl+End Down
 foto configuracion_situacion
-fila 38
+fila "" 380505
 foto configurada_situacion
 teclas F2 Escape Escape
 estado Right Down Down Down Down Return
 teclas Tab space ctrl+End Down
 foto configuracion_flujo
-fila 38
+fila "" 380505
 foto configurado_flujo
 teclas F2 Escape Escape
 
@@ -64,10 +64,16 @@ foto configurado_detalle
 teclas F2 Escape Escape
 cierre_anexo
 
-quede "lo configurado" "select cfcr_cuenta || ' ' || cfcr_ctabase
+quede "lo configurado" "select 'situación ' || casi_cuenta || ' ' || casi_seccion || casi_db
+    from cambios_situacion_ctas where casi_cuenta = '380505' union all
+    select 'flujo ' || flef_cuenta || ' ' || flef_seccion || flef_db || flef_niif
+    from flujo_efectivo where flef_cuenta = '380505' union all
+    select cfcr_cuenta || ' ' || cfcr_ctabase
     from configura_certrete where cfcr_cuenta = '236540' and cfcr_ctabase = '5120' union all
     select crcd_cuenta || ' ' || crcd_nombre from cuentas_reporte_certdet
     where crcd_cuenta = '5155'" <<FIN
+situación 380505 1N
+flujo 380505 1NN
 236540 5120
 5155 Viajes tecleados
 FIN

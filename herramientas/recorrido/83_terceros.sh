@@ -24,6 +24,8 @@ fila 902 "Categoría que sobra"
 foto categorias
 teclas F2 Return ctrl+End
 foto categoria_por_borrar
+estaba "la categoría por borrar" "select conc_nombre from concepto_contable
+    where conc_cod = '902'" <<<"Categoría que sobra"
 teclas ctrl+Delete s
 foto categoria_borrada
 teclas ctrl+End
@@ -47,6 +49,8 @@ done
 teclas Escape
 halle "Artículo sobrante"
 foto articulo_por_borrar
+estaba "el artículo por borrar" "select arti_des from articulo
+    where arti_cod = 'ZZ-sobrante'" <<<"Artículo sobrante"
 teclas F3 s
 halle "Artículo tecleado"
 teclas F4 ctrl+a
@@ -78,6 +82,10 @@ teclas ctrl+End
 foto documentos_del_tercero
 teclas F3
 foto documento_por_borrar
+estaba "el documento por borrar" "select tedo_nombre from tercero_documentos order by 1" <<FIN
+Contrato firmado
+Contrato sobrante
+FIN
 teclas s Escape Escape Escape
 quede "los documentos del tercero" "select tedo_nombre from tercero_documentos" <<FIN
 Contrato firmado

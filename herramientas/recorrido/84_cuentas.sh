@@ -28,15 +28,20 @@ teclas F2
 foto norma_grabada
 teclas Return
 foto norma_escogida
-teclas F5 Return
+teclas F5 Return Return
 foto otra_norma
 teclas F3
 foto norma_por_borrar
+estaba "la norma por borrar" "select nnid_item from cuentas_niif_norma
+    where cuen_cod = '110505' order by 1" <<FIN
+7.1
+7.2
+FIN
 teclas s Escape Escape Escape
 quede "las normas de la cuenta" "select nnif_id || ' ' || nnid_item from cuentas_niif_norma
     where cuen_cod = '110505' union all
     select nnid_item || ' ' || nnif_nombre from normas_niif_detalle where nnif_id = 7" <<FIN
-7 7.2
+7 7.1
 7.1 Medición
 7.2 Revelación
 FIN

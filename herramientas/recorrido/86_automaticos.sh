@@ -16,6 +16,8 @@ done
 foto conceptos
 teclas ctrl+Home Down F3
 foto concepto_por_borrar
+estaba "el concepto por borrar" "select conc_nom from conceptos
+    where conc_cod = 'TEC2'" <<<"A tecleado 2"
 teclas s Escape F5
 escriba TEC1
 teclas Tab

@@ -18,6 +18,11 @@ teclas Escape ctrl+Home Down Down
 foto plantillas
 teclas F3
 foto plantilla_por_borrar
+estaba "la plantilla por borrar" "select plan_concepto from plantilla_encabezado
+    where plan_concepto starting 'Plantilla ' order by 1" <<FIN
+Plantilla que sobra
+Plantilla tecleada
+FIN
 teclas s
 teclas ctrl+Home Down F4
 foto plantilla_por_corregir
@@ -36,6 +41,11 @@ teclas ctrl+End
 foto planillas
 teclas F3
 foto planilla_por_borrar
+estaba "la planilla por borrar" "select pldi_nombre from planilla_digitacion
+    where pldi_nombre starting 'Planilla ' order by 1" <<FIN
+Planilla que sobra
+Planilla tecleada
+FIN
 teclas s ctrl+End F4 ctrl+a
 escriba "Planilla corregida"
 foto planilla_corregida
@@ -45,9 +55,10 @@ quede "la planilla" "select pldi_nombre || ' ' || pldc_cuenta || ' ' || pldc_tit
     where pldi_nombre starting 'Planilla '" <<FIN
 Planilla corregida 110505 Caja
 FIN
-quede "la plantilla" "select cuen_cod || ' ' || plde_debitos || ' ' || plde_creditos
+quede "la plantilla" "select plan_concepto || ' ' || cuen_cod || ' ' ||
+    plde_debitos || ' ' || plde_creditos
     from plantilla_detalle d join plantilla_encabezado e on e.plan_id = d.plan_id
     where plan_concepto starting 'Plantilla ' order by plde_item" <<FIN
-530595 8000.00 0.00
-11100501 0.00 8000.00
+Plantilla tecleada 530595 8000.00 0.00
+Plantilla tecleada 11100501 0.00 8000.00
 FIN

@@ -45,6 +45,14 @@ QString huella() {
     return QString::fromLatin1(suma.result().toHex().left(16));
 }
 
+/// Con su esquema y nada más: para quien pone sus propios datos.
+void aparte_vacias(const Ubicacion& lugar, const QString& carpeta, const QString& codigo) {
+    const Ubicacion vacias(carpeta + "/vacias");
+    vacias.prepare_carpeta(vacias.base_compania(codigo));
+    QFile::copy(lugar.base_general(), vacias.base_general());
+    QFile::copy(lugar.base_compania(codigo), vacias.base_compania(codigo));
+}
+
 void arme(const QString& carpeta) {
     const Ubicacion lugar(carpeta);
     const QString codigo = "001";
@@ -54,6 +62,11 @@ void arme(const QString& carpeta) {
     Instalador(general).instale(TipoBase::General);
     compania.cree_base(desechable(lugar.base_compania(codigo)), kPaginasCache);
     Instalador(compania).instale(TipoBase::Compania);
+    for (Conexion* base : {&general, &compania})
+        base->desconectar();
+    aparte_vacias(lugar, carpeta, codigo);
+    general.conectar(desechable(lugar.base_general()));
+    compania.conectar(desechable(lugar.base_compania(codigo)));
     agregue_datos_ejemplo(general, compania);
     for (Conexion* base : {&general, &compania})
         base->ejecute(QString("grant %1 to user \"ADMIN\"").arg(QLatin1String(kRolDueno)));

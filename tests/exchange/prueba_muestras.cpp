@@ -1,11 +1,9 @@
 // Lo que la demostración trae para este subsistema: los archivos de muestra entran, los
 // procedimientos de muestra responden, y las diferencias entre los dos libros son las que se sabe.
 #include "exchange/importacion.h"
-#include "herramientas/administracion.h"
 #include "herramientas/demo_catalogos.h"
+#include "herramientas/demo_de_prueba.h"
 #include "herramientas/demo_intercambio.h"
-#include "herramientas/demostracion.h"
-#include "herramientas/instalador.h"
 
 class PruebaMuestras : public QObject {
     Q_OBJECT
@@ -23,28 +21,19 @@ private:
     ResultadoImportacion importe(ClaseImportacion clase, const char* archivo, bool borre = false) {
         PeticionImportacion p;
         p.clase = clase;
-        p.archivo = carpeta_.path() + "/importar/" + QLatin1String(archivo);
+        p.archivo = demo_.carpeta.path() + "/importar/" + QLatin1String(archivo);
         p.borre_saldos = borre;
         for (const DatoImportacion& d : datos_de(clase))
             p.columnas.append({QLatin1String(d.clave), int(p.columnas.size()) + 1});
         return importacion_de(compania_, p, {}, "ADMIN")->corra();
     }
 
-    QTemporaryDir carpeta_;
-    Conexion general_, compania_;
+    Demo demo_{{}, {.codigo = "001", .ano_inicio = 2017}};
+    Conexion& compania_ = demo_.compania;
 };
 
 void PruebaMuestras::initTestCase() {
-    general_.cree_base(desechable(carpeta_.filePath("general.fdb")), 1000);
-    Instalador(general_).instale(TipoBase::General);
-    compania_.cree_base(desechable(carpeta_.filePath("quorvex.fdb")), 4000);
-    Instalador(compania_).instale(TipoBase::Compania);
-    DatosCompania datos;
-    datos.codigo = "001";
-    datos.ano_inicio = 2017;
-    configure_compania(compania_, datos);
-    genere_demostracion(general_, compania_, {});
-    escriba_muestras(compania_, carpeta_.path() + "/importar", 2017);
+    escriba_muestras(compania_, demo_.carpeta.path() + "/importar", 2017);
 }
 
 void PruebaMuestras::la_apertura_esta_a_medio_trabajar() {

@@ -43,7 +43,9 @@ void PruebaActualizacion::initTestCase() {
         general.ejecute("insert into compania (comp_cod, com_nombre) values ('001', 'Vieja')");
     }
     lugar().prepare_carpeta(lugar().base_compania("001"));
-    restaure_base(respaldo, {lugar().base_compania("001"), "SYSDBA", {}}, false);
+    const ParametrosConexion vieja{lugar().base_compania("001"), "SYSDBA", {}};
+    restaure_base(respaldo, vieja, false);
+    ponga_escritura_inmediata(vieja, false); // muere el programa, no el equipo
     QCOMPARE(filas("select max(vers_numero) from version_esquema"), "1");
     QVERIFY(
         !filas("select code_item from comprobante_detalle where code_debito is null").isEmpty());

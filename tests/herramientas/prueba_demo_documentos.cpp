@@ -2,6 +2,7 @@
 // fallan a propósito y las facturas de ejemplo entran con ellos.
 #include "herramientas/demo_de_prueba.h"
 #include "herramientas/factura_electronica.h"
+#include "herramientas/instalador.h"
 #include "herramientas/verificacion.h"
 
 class PruebaDemoDocumentos : public QObject {

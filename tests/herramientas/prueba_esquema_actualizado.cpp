@@ -96,7 +96,9 @@ private:
             general.ejecute("insert into compania (comp_cod, com_nombre) values ('001', 'Vieja')");
         }
         lugar(version).prepare_carpeta(lugar(version).base_compania("001"));
-        restaure_base(respaldo, {lugar(version).base_compania("001"), "SYSDBA", {}}, false);
+        const ParametrosConexion vieja{lugar(version).base_compania("001"), "SYSDBA", {}};
+        restaure_base(respaldo, vieja, false);
+        ponga_escritura_inmediata(vieja, false);
         const auto r = ordene(version, {"actualizar"});
         QVERIFY2(r.codigo == 0, qPrintable(r.errores));
         QVERIFY2(r.salida.contains("005_titulos_planilla, 006_taxonomia_resultado, "

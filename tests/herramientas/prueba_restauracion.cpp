@@ -1,5 +1,6 @@
 // Una restauración cortada entre dos pasos cualesquiera, o que no puede terminar, nunca deja menos
-// bases buenas de las que había. El corte es de verdad: otro proceso que muere ahí.
+// bases buenas de las que había. El corte es de verdad: otro proceso que muere ahí. Las bases no
+// tienen sino lo que una restauración mira: con todo el esquema, cada una tarda segundos.
 #include "apoyo/servidor_prueba.h"
 #include "datos/firebird/servicios.h"
 #include "herramientas/respaldo.h"
@@ -51,6 +52,17 @@ QStringList buenas(const ParametrosConexion& base) {
     return marcas;
 }
 
+/// Una copia de la base pequeña, en una carpeta suya.
+struct BasePequena {
+    explicit BasePequena(const QString& de) : base(dueno(ruta() + "/quorvex.fdb")) {
+        QFile::copy(de, base.base);
+    }
+    QString ruta() const { return carpeta.path(); }
+
+    QTemporaryDir carpeta;
+    const ParametrosConexion base;
+};
+
 /// Restaura en otro proceso, que muere al terminar el paso `hasta`; devuelve su código.
 int restaure_aparte(const QString& archivo, const ParametrosConexion& base, const QString& hasta) {
     QProcess p;
@@ -77,21 +89,40 @@ int restaure_y_muera(const QStringList& a) {
 class PruebaRestauracion : public QObject {
     Q_OBJECT
     QTemporaryDir carpeta_;
-    QString archivo_; ///< respaldo de una base de pruebas con la marca "respaldo"
+    QString pequena_; ///< base con la marca "respaldo"
+    QString archivo_; ///< su respaldo
+
+    /// Con la base pequeña en vez de la suya.
+    ParametrosConexion en_el(const ServidorDePrueba& servidor) const {
+        const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
+        const QString ruta = base.base.section(':', 1);
+        QFile::remove(ruta);
+        QFile::copy(pequena_, ruta);
+        return base;
+    }
 
 private slots:
     void initTestCase() {
-        BaseDePrueba b;
-        marque(dueno(b.parametros().base), "respaldo");
+        pequena_ = carpeta_.filePath("pequena.fdb");
         archivo_ = carpeta_.filePath("copia.fbk");
-        respalde_base(dueno(b.parametros().base), archivo_);
+        Conexion c;
+        c.cree_base(desechable(pequena_));
+        for (const char* orden :
+             {"create table version_esquema (vers_numero integer)",
+              "create table sucursales (sucu_id integer, sucu_nombre varchar(60))",
+              "create table cuentas (cuen_cod varchar(20))",
+              "insert into version_esquema values (1)",
+              "insert into sucursales values (0, 'respaldo')"})
+            c.ejecute(QLatin1String(orden));
+        c.desconectar();
+        respalde_base(dueno(pequena_), archivo_);
     }
 
     void cortada_entre_dos_pasos_la_base_sigue_en_su_sitio() {
         for (const QString hasta : {"restaurada", "lista", "duplicada", "apartada", "cambiada"}) {
             const QString queda = hasta == "cambiada" ? "respaldo" : "actual"; // con su nombre
-            BaseDePrueba b;
-            const ParametrosConexion base = dueno(b.parametros().base);
+            const BasePequena b(pequena_);
+            const ParametrosConexion& base = b.base;
             QVERIFY(QFile::copy(base.base, base.base + ".anterior"));
             marque(dueno(base.base + ".anterior"), "vieja");
             marque(base, "actual");
@@ -113,8 +144,8 @@ private slots:
     void una_base_danada_se_restaura_y_queda_aparte() {
         for (const QByteArray& dano :
              {QByteArray(20000, '\x5a'), QByteArray("corta"), QByteArray()}) {
-            BaseDePrueba b;
-            const ParametrosConexion base = dueno(b.parametros().base);
+            const BasePequena b(pequena_);
+            const ParametrosConexion& base = b.base;
             QFile f(base.base);
             QVERIFY(f.open(QIODevice::ReadWrite));
             QVERIFY(f.resize(dano == "corta" ? 30000 : 0));
@@ -129,8 +160,8 @@ private slots:
     }
 
     void la_de_otro_motor_no_se_reemplaza_mientras_la_tenga_abierta() {
-        BaseDePrueba b;
-        const ParametrosConexion base = dueno(b.parametros().base);
+        const BasePequena b(pequena_);
+        const ParametrosConexion& base = b.base;
         QFile f(base.base);
         QVERIFY(f.open(QIODevice::ReadWrite) && f.seek(18));
         QCOMPARE(f.write("\x0b\x80", 2), 2); // la estructura de la versión anterior del motor
@@ -147,8 +178,8 @@ private slots:
     }
 
     void un_respaldo_que_no_pasa_deja_el_anterior() {
-        BaseDePrueba b;
-        const ParametrosConexion base = dueno(b.parametros().base);
+        const BasePequena b(pequena_);
+        const ParametrosConexion& base = b.base;
         const QString archivo = b.ruta() + "/copia.fbk";
         QVERIFY(QFile::copy(archivo_, archivo));
         const qint64 octetos = QFileInfo(archivo).size();
@@ -163,8 +194,8 @@ private slots:
     }
 
     void un_cambio_de_nombre_que_falla_no_pierde_ninguna() {
-        BaseDePrueba b;
-        const ParametrosConexion base = dueno(b.parametros().base);
+        const BasePequena b(pequena_);
+        const ParametrosConexion& base = b.base;
         marque(base, "actual");
         // Una carpeta con ese nombre: el cambio no puede hacerse.
         QVERIFY(QDir().mkpath(base.base + ".anterior/ocupada"));
@@ -176,8 +207,8 @@ private slots:
     }
 
     void un_respaldo_de_una_version_mas_nueva_se_rehusa_sin_tocar_nada() {
-        BaseDePrueba b;
-        const ParametrosConexion base = dueno(b.parametros().base);
+        const BasePequena b(pequena_);
+        const ParametrosConexion& base = b.base;
         const QString archivo = b.ruta() + "/copia.fbk";
         Conexion c;
         c.conectar(base);
@@ -196,7 +227,7 @@ private slots:
 
     void en_un_servidor_cortada_entre_dos_pasos_quedan_otras_dos() {
         ServidorDePrueba servidor;
-        const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
+        const ParametrosConexion base = en_el(servidor);
         QCOMPARE(restaure_aparte(archivo_, base, {}), 0); // deja una ".anterior"
         for (const char* hasta : {"lista", "apartada", "cambiada"}) {
             marque(base, "actual");
@@ -213,7 +244,7 @@ private slots:
 
     void en_un_servidor_sin_copia_de_lo_que_hay_no_se_reescribe() {
         ServidorDePrueba servidor;
-        const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
+        const ParametrosConexion base = en_el(servidor);
         marque(base, "actual");
         // Una carpeta con el nombre de la copia: no se puede hacer.
         QVERIFY(QDir().mkpath(base.base.section(':', 1) + ".anterior/ocupada"));
@@ -231,7 +262,7 @@ private slots:
 
     void en_un_servidor_que_muere_reescribiendo_se_dice_donde_quedo_todo() {
         ServidorDePrueba servidor;
-        const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
+        const ParametrosConexion base = en_el(servidor);
         marque(base, "actual");
         const QString falla = falla_de([&] {
             restaure_en_lugar(archivo_, base, TipoBase::Compania, [&](const char* paso) {

@@ -161,6 +161,15 @@ void siembre_recetas_y_cartera(Conexion& c) {
 class PruebaCierreMuerto : public QObject {
     Q_OBJECT
 private slots:
+    void initTestCase() {
+        arme_libro_al_azar(molde_.base());
+        molde_.base().consulte("select gen_id(sec_comprobante, 2000) from rdb$database");
+        molde_.ejecute({"update prefijos_conta set pref_numero = '000500'"});
+        siembre_activos(molde_.base());
+        siembre_recetas_y_cartera(molde_.base());
+        molde_.base().desconectar();
+    }
+
     void un_proceso_que_muere_queda_entero_o_no_queda_data() {
         QTest::addColumn<QString>("nombre");
         for (const Proceso& p : procesos())
@@ -171,12 +180,9 @@ private slots:
         QFETCH(QString, nombre);
         const Proceso& p = proceso(nombre);
         BaseDePrueba b;
-        arme_libro_al_azar(b.base());
-        b.base().consulte("select gen_id(sec_comprobante, 2000) from rdb$database");
-        b.ejecute({"update prefijos_conta set pref_numero = '000500'"});
-        siembre_activos(b.base());
-        siembre_recetas_y_cartera(b.base());
-        const QString antes = foto(b.base()), lugar = b.parametros().base;
+        const QString lugar = b.parametros().base;
+        QVERIFY(QFile::remove(lugar) && QFile::copy(molde_.parametros().base, lugar));
+        const QString antes = foto(b.base());
         qint64 entero = 0;
         int hechos = 0, nada = 0;
         constexpr int kCortes = 12;
@@ -213,6 +219,7 @@ private:
     static QString lo_que_importa(QString foto) {
         return foto.replace(QRegularExpression("(^|\n)[2-9]\\d{3}\\|(\\d+)(?=\n|$)"), "\\1n|\\2");
     }
+    BaseDePrueba molde_; ///< cada proceso, en una copia
     QString hecho_;
 };
 
