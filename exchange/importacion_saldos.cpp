@@ -117,6 +117,8 @@ QStringList ImportacionSaldos::revise(const LineaImportada& l) {
     if (!revisor_.completa(l, false))
         razones << "Faltan detalles para el saldo inicial de la cuenta " + l.cuenta;
     revisor_.revise_codigos(l, razones);
+    if (!valor("SAIN_DEBITO").moneda().es_cero() && !valor("SAIN_CREDITO").moneda().es_cero())
+        razones << QStringLiteral("El saldo es débito o crédito, y no los dos.");
     if (const QString documento = rechazo_de_documento(); !documento.isEmpty())
         razones << documento;
     return razones;

@@ -16,3 +16,8 @@ std::optional<Rechazo> revise_cuadre(const Comprobante& comprobante, Libro libro
 /// Cuentas de las líneas 2649 por replicar sin una equivalente NIIF que pueda llevar movimiento.
 /// Sin el check de réplica, o con el libro NIIF llevado a mano, no hay nada que replicar.
 Rechazos revise_replica(Conexion& conexion, const Comprobante& comprobante);
+
+/// Tipo, prefijo y número del cierre anual ya hecho que debió tomar las cuentas de resultados de un
+/// comprobante grabado, en alguno de los libros; vacío si ninguno. Con él, el año siguiente abriría
+/// con saldo en ellas.
+QString cierre_que_no_lo_toma(Conexion& conexion, qint64 consecutivo);

@@ -54,7 +54,10 @@ void Tfconciliapat::construya() {
                                Rejilla::VistaPreliminar, Rejilla::Guardar});
     DBGridEh1->OnDblClick = [this](int) { AuxiliarClick(); };
     DBGridEh1->OnGetCellParams = [this](int fila, QFont& letra, QColor&, QColor&) {
-        letra.setBold(CConcilia.valor_en(fila, CConcilia.FieldByName("NIVEL")).entero() < nivel_);
+        // Clases y grupos, como en el balance: hasta el detalle, casi todo sería mayor de algo.
+        constexpr int kGrupos = 2;
+        letra.setBold(CConcilia.valor_en(fila, CConcilia.FieldByName("NIVEL")).entero() <=
+                      qMin(kGrupos, nivel_ - 1));
     };
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SBCalcula", "F2:Calcula", "view-refresh", Qt::Key_F2,

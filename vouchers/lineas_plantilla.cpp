@@ -83,8 +83,10 @@ void LineasPlantilla::validar_tercero() {
         return;
     }
     NomTerc->clear();
-    if (en_edicion())
+    if (en_edicion()) {
         campo("TERC_NIT").limpie();
+        rejilla->vuelva_a(kTercero); // al seguir, la línea tomaría el de la anterior
+    }
 }
 
 void LineasPlantilla::validar_centro() {

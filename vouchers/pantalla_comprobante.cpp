@@ -1,5 +1,6 @@
 #include "vouchers/pantalla_comprobante.h"
 
+#include "datos/firebird/concuerde.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "sesion/tercero_nuevo.h"
 #include "toolkit/aire.h"
@@ -135,6 +136,7 @@ void PantallaComprobante::disponga(QWidget* control_prefijo) {
     // Cede unas letras antes de que las casillas sigan en otro renglón.
     DBEdit6->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     DBEdit6->setMinimumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 12));
+    DBEdit6->ancho(21); // trece enteros, con sus comas y decimales
     DBEdit6->setMaximumWidth(DBEdit6->sizeHint().width());
     DBMemo1->setMinimumWidth(ancho_caracteres(DBMemo1->fontMetrics(), 5));
     // Lo que se ahorra alrededor son líneas del asiento.
@@ -309,12 +311,32 @@ ResultadoGrabacion PantallaComprobante::grabe(Grabador quien) {
     if (r.cambio_de_numero())
         fdm().mostrar_advertencia("El número " + r.numero_pedido +
                                   " lo tomó otro comprobante: este quedó con el " + r.numero + '.');
+    if (r.clase == ResultadoGrabacion::Grabado)
+        proteja([&r] { // ya está grabado, aunque esto falle
+            if (const QString cierre = cierre_que_no_lo_toma(fdm().Quorvex, r.id);
+                !cierre.isEmpty())
+                fdm().mostrar_advertencia("El año ya tiene cierre (" + cierre +
+                                          "): no toma estas cuentas de resultados. Hágalo de "
+                                          "nuevo.");
+        });
     return r;
 }
 
 void PantallaComprobante::diga(const Rechazos& rechazos, const ModoGrabacion& modo) {
+    // Una nómina sin plan NIIF las nombra todas: de una vez, y no un aviso por cuenta.
+    constexpr int kTantas = 10;
+    QStringList sin_equivalente;
+    for (const Rechazo& r : rechazos)
+        if (r.motivo == Motivo::SinEquivalente)
+            sin_equivalente << r.texto;
+    if (const auto demas = sin_equivalente.size() - kTantas; demas > 0)
+        sin_equivalente = sin_equivalente.first(kTantas)
+                          << concuerde(int(demas), "Y otra %1 cuenta.", "Y otras %1 cuentas.");
     for (const Rechazo& r : rechazos) {
-        muestre_mensaje(r.texto);
+        if (r.motivo != Motivo::SinEquivalente)
+            muestre_mensaje(r.texto);
+        else if (!sin_equivalente.isEmpty())
+            muestre_mensaje(std::exchange(sin_equivalente, {}).join('\n'));
         if (r.motivo == Motivo::Descuadre && modo.vuelve_a_edicion &&
             !lineas_de(*r.libro).IsEmpty())
             lineas_de(*r.libro).Edit();

@@ -519,7 +519,8 @@ void PruebaImportacion::los_saldos_iniciales_se_agregan_o_se_reemplazan() {
                                "236540,800456789,,,,,40\n"
                                "310505,,,,,,60,FV1,20170231\n"
                                "310505,,,,,,60,FV1,20170228,31\n"
-                               "310505,,,,,,60,FV1,20170228,999\n";
+                               "310505,,,,,,60,FV1,20170228,999\n"
+                               "310505,,,,,10,10\n";
     const auto c = importe(ClaseImportacion::Saldos, archivo);
     QCOMPARE(c.anotado.join('\n').remove("Tipo:Pref:Num:"),
              "Cuenta no existente 999999\nCuenta no afectable.\n"
@@ -531,7 +532,7 @@ void PruebaImportacion::los_saldos_iniciales_se_agregan_o_se_reemplazan() {
              "El tipo de documento 999 no existe: los de cartera y cuentas por pagar son " +
                  filas("select list(tido_cod, ', ') from (select tido_cod from tipo_documento "
                        "where 'S' in (tido_cart, tido_cxp) order by tido_cod)") +
-                 '.');
+                 ".\nEl saldo es débito o crédito, y no los dos.");
     QCOMPARE(filas("select cuen_cod, sain_debito, sain_credito, doco_vence, sain_tipodoc from "
                    "saldos_iniciales order by sain_item"),
              "110505|100|0||\n236540|0|40||\n310505|0|60|20170228|31");
