@@ -281,21 +281,22 @@ Rechazos revise_replica(Conexion& conexion, const Comprobante& c) {
     return lista;
 }
 
-QString cierre_que_no_lo_toma(Conexion& conexion, qint64 consecutivo) {
+QString cierre_ya_hecho(Conexion& conexion, qint64 consecutivo) {
     const auto con_resultados = [](Libro libro) {
         return QStringLiteral("(alcanza_libro(a.cian_niif, '%1') and exists (select 1 from %2 d "
                               "where d.enco_consec = e.enco_consec and d.cuen_cod >= '4' and "
                               "d.cuen_cod < '8'))")
             .arg(es_niif(libro) ? "NIIF" : "2649", QLatin1String(datos(libro).detalle));
     };
+    // Un cierre cancela lo de su año y lo de antes, meses de ajuste incluidos.
     return conexion
         .consulte("select first 1 c.tico_cod || ' ' || c.prco_pref || ' ' || c.enco_numero from "
-                  "comprobante_encabezado e join comprobante_encabezado c on c.enco_fecha starting "
-                  "with substring(e.enco_fecha from 1 for 4) and c.enco_fecha >= e.enco_fecha and "
-                  "c.enco_consec <> e.enco_consec join cierre_anual a on a.enco_consec = "
-                  "c.enco_consec where e.enco_consec = ? and (" +
+                  "comprobante_encabezado e join cierre_anual a on substring(a.cian_fecha from 1 "
+                  "for 4) >= substring(e.enco_fecha from 1 for 4) and a.enco_consec <> "
+                  "e.enco_consec join comprobante_encabezado c on c.enco_consec = a.enco_consec "
+                  "where e.enco_consec = ? and (" +
                       con_resultados(Libro::Decreto2649) + " or " + con_resultados(Libro::Niif) +
-                      ')',
+                      ") order by a.cian_fecha",
                   {Valor(consecutivo)})
         .texto();
 }

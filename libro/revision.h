@@ -17,7 +17,7 @@ std::optional<Rechazo> revise_cuadre(const Comprobante& comprobante, Libro libro
 /// Sin el check de réplica, o con el libro NIIF llevado a mano, no hay nada que replicar.
 Rechazos revise_replica(Conexion& conexion, const Comprobante& comprobante);
 
-/// Tipo, prefijo y número del cierre anual ya hecho que debió tomar las cuentas de resultados de un
-/// comprobante grabado, en alguno de los libros; vacío si ninguno. Con él, el año siguiente abriría
-/// con saldo en ellas.
-QString cierre_que_no_lo_toma(Conexion& conexion, qint64 consecutivo);
+/// Tipo, prefijo y número del primer cierre anual ya hecho al que tocan las cuentas de resultados
+/// de un comprobante grabado, en alguno de los libros; vacío si ninguno. Lo que en ellas cambie
+/// después del cierre queda de saldo en el año siguiente.
+QString cierre_ya_hecho(Conexion& conexion, qint64 consecutivo);

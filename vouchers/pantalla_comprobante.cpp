@@ -1,6 +1,7 @@
 #include "vouchers/pantalla_comprobante.h"
 
 #include "datos/firebird/concuerde.h"
+#include "libro/revision.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "sesion/tercero_nuevo.h"
 #include "toolkit/aire.h"
@@ -313,11 +314,10 @@ ResultadoGrabacion PantallaComprobante::grabe(Grabador quien) {
                                   " lo tomó otro comprobante: este quedó con el " + r.numero + '.');
     if (r.clase == ResultadoGrabacion::Grabado)
         proteja([&r] { // ya está grabado, aunque esto falle
-            if (const QString cierre = cierre_que_no_lo_toma(fdm().Quorvex, r.id);
-                !cierre.isEmpty())
+            if (const QString cierre = cierre_ya_hecho(fdm().Quorvex, r.id); !cierre.isEmpty())
                 fdm().mostrar_advertencia("El año ya tiene cierre (" + cierre +
-                                          "): no toma estas cuentas de resultados. Hágalo de "
-                                          "nuevo.");
+                                          "). Si esto cambió sus cuentas de resultados, hágalo "
+                                          "de nuevo.");
         });
     return r;
 }
@@ -331,7 +331,7 @@ void PantallaComprobante::diga(const Rechazos& rechazos, const ModoGrabacion& mo
             sin_equivalente << r.texto;
     if (const auto demas = sin_equivalente.size() - kTantas; demas > 0)
         sin_equivalente = sin_equivalente.first(kTantas)
-                          << concuerde(int(demas), "Y otra %1 cuenta.", "Y otras %1 cuentas.");
+                          << concuerde(int(demas), "Y otra más.", "Y otras %1 más.");
     for (const Rechazo& r : rechazos) {
         if (r.motivo != Motivo::SinEquivalente)
             muestre_mensaje(r.texto);

@@ -247,8 +247,9 @@ const QStringList kPiezas{
     "propio_o", "familia", "ini", "llave", "item",
     // trozos de consulta ya compuestos
     "sql", "base", "base_", "orden", "antes", "despues", "partes", "condicion_de_tipo",
-    "dentro_del_rango", "de_la_llave", "condicion", "nombres_de", "clave", "marcas", "componga",
-    "valor_sql", "codigo_usuario", "bandera", "ano_y_periodo", "sin_movimiento", "del_mes",
+    "dentro_del_rango", "de_la_llave", "condicion", "con_resultados", "nombres_de", "clave",
+    "marcas", "componga", "valor_sql", "codigo_usuario", "bandera", "ano_y_periodo",
+    "sin_movimiento", "del_mes",
     // cifras del programa
     "periodo_actual", "ano_saldos", "mes_saldos", "mes", "nivel"};
 

@@ -126,14 +126,20 @@ private slots:
                  "20171231" + numero);
         QCOMPARE(s.dato("select cian_usuario from cierre_anual"), "ADMIN");
         QCOMPARE(s.barra.text(), "Grabado CG 0001 " + numero);
-        // Lo que entra después en sus cuentas no lo toma: quien lo grabe debe saberlo.
+        // Lo que entra después en sus cuentas se le dice a quien lo graba.
         grabe(s.base.base(), 502, "20171215",
               {{1, "111005", Moneda(5), {}}, {2, "413505", {}, Moneda(5), {}, "0002", "0001"}});
-        QCOMPARE(cierre_que_no_lo_toma(s.base.base(), 502), "CG 0001 " + numero);
-        s.base.ejecute({"update comprobante_encabezado set enco_fecha = '20180110' where "
-                        "enco_consec = 502"});
-        QCOMPARE(cierre_que_no_lo_toma(s.base.base(), 502), QString());
-        QCOMPARE(cierre_que_no_lo_toma(s.base.base(), id.toInt()), QString());
+        QCOMPARE(cierre_ya_hecho(s.base.base(), 502), "CG 0001 " + numero);
+        const auto mude = [&s](const char* fecha) {
+            s.base.base().ejecute("update comprobante_encabezado set enco_fecha = ? where "
+                                  "enco_consec = 502",
+                                  {Valor(fecha)});
+        };
+        mude("20171301");
+        QCOMPARE(cierre_ya_hecho(s.base.base(), 502), "CG 0001 " + numero);
+        mude("20180110");
+        QCOMPARE(cierre_ya_hecho(s.base.base(), 502), QString());
+        QCOMPARE(cierre_ya_hecho(s.base.base(), id.toInt()), QString());
         s.base.ejecute({"delete from comprobante_encabezado where enco_consec = 502"});
 
         oprima(Qt::Key_F4); // no se modifica: se abre su comprobante
