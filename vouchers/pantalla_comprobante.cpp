@@ -137,8 +137,8 @@ void PantallaComprobante::disponga(QWidget* control_prefijo) {
     // Cede unas letras antes de que las casillas sigan en otro renglón.
     DBEdit6->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     DBEdit6->setMinimumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 12));
-    DBEdit6->ancho(21); // trece enteros, con sus comas y decimales
-    DBEdit6->setMaximumWidth(DBEdit6->sizeHint().width());
+    // Con sitio se ven trece enteros, con sus comas y decimales.
+    DBEdit6->setMaximumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 22));
     DBMemo1->setMinimumWidth(ancho_caracteres(DBMemo1->fontMetrics(), 5));
     // Lo que se ahorra alrededor son líneas del asiento.
     layout()->setContentsMargins(paso(1.5), aire(), paso(1.5), aire());

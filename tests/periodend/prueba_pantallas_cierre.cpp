@@ -140,7 +140,8 @@ private slots:
         mude("20180110");
         QCOMPARE(cierre_ya_hecho(s.base.base(), 502), QString());
         QCOMPARE(cierre_ya_hecho(s.base.base(), id.toInt()), QString());
-        s.base.ejecute({"delete from comprobante_encabezado where enco_consec = 502"});
+        s.base.ejecute({"delete from comprobante_detalle where enco_consec = 502",
+                        "delete from comprobante_encabezado where enco_consec = 502"});
 
         oprima(Qt::Key_F4); // no se modifica: se abre su comprobante
         QCOMPARE(abiertos, QStringList(id));
