@@ -79,7 +79,7 @@ QVector<Grupo> ordenes_de_herramientas() {
          "Tfpresupuesto", "", "x-office-spreadsheet"},
         {"Numeración", "Numeracin1", "", de_pantalla(60), "Tftipodoc", "", "view-sort-ascending"},
         {"Saldos iniciales", "Saldosiniciales1", "", de_pantalla(80),
-         "Tfsaldiniciales", "", "go-first"},
+         "Tfsaldiniciales", "", "x-office-spreadsheet"},
         {"Documentos sin contabilizar", "Comprobantessincontabilizar1", "Shift+F10", libre,
          "Tfsincontab", "", "appointment-missed", Apertura::Modal},
         {"Documentos en cuenta descuadres", "Documentosencuentadescuadres1", "", libre,
@@ -229,7 +229,7 @@ const QVector<Comando>& comandos_columna() {
         {"Numeración", "sButton8", "", de_pantalla(60), "Tftipodoc", "", "view-sort-ascending"},
         {"Informes", "sButton13", "", libre, "Tfinformes", "", "x-office-document"},
         {"Automáticos", "sButton9", "", libre, "Tfmnucierre", "", "system-run"},
-        {"Saldos Iniciales", "sButton10", "", pide(80), "Tfmnusaldosi", "", "go-first"},
+        {"Saldos Iniciales", "sButton10", "", pide(80), "Tfmnusaldosi", "", "x-office-spreadsheet"},
         {"Mantenimiento", "sButton11", "", libre, "Tfmnumantenim", "", "preferences-system"},
         {"Taxonomías", "AdvGlowButton2", "", libre, "Tftaxonomias", "", "text-html"},
     };

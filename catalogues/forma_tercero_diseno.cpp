@@ -7,6 +7,7 @@
 #include "toolkit/controles/fechadato.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/controles/memodato.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 
@@ -90,11 +91,11 @@ void FormaTercero::arme_identificacion(Formulario& f) {
     EditorDato* dvdian = editor("TERC_DVDIAN", "EDvdian", 3);
     dvdian->setToolTip("Dígito de verificación según la DIAN");
     LTipoid = lista("TERC_TIPOID", "LTipoid", Ctipo_id, "TIID_COD", "TIID_NOM");
-    EApellido1 = editor("TERC_APELLIDO1", "EApellido1", 20);
-    EApellido2 = editor("TERC_APELLIDO2", "EApellido2", 20);
-    ENombre1 = editor("TERC_NOMBRE1", "ENombre1", 20);
-    ENombre2 = editor("TERC_NOMBRE2", "ENombre2", 20);
-    ENombre = editor("TERC_NOM", "ENombre", 44);
+    EApellido1 = editor("TERC_APELLIDO1", "EApellido1", 18);
+    EApellido2 = editor("TERC_APELLIDO2", "EApellido2", 18);
+    ENombre1 = editor("TERC_NOMBRE1", "ENombre1", 18);
+    ENombre2 = editor("TERC_NOMBRE2", "ENombre2", 18);
+    ENombre = editor("TERC_NOM", "ENombre", 60);
     DBEdit8->setAccessibleName("Dígito de verificación");
     dvdian->setAccessibleName("Dígito de verificación según la DIAN");
     f.grupo("Identificación")
@@ -103,7 +104,7 @@ void FormaTercero::arme_identificacion(Formulario& f) {
                {"&Tipo", LTipoid}})
         .fila({{"Primer apellido", EApellido1}, {"Segundo apellido", EApellido2}})
         .fila({{"Primer nombre", ENombre1}, {"Segundo nombre", ENombre2}})
-        .fila({{"&Nombre", ENombre}, {"", casilla("Activo", "TERC_ESTADO")}});
+        .fila("&Nombre", en_flujo({ENombre, casilla("Activo", "TERC_ESTADO")}, paso()));
 }
 
 void FormaTercero::arme_ubicacion(Formulario& f) {

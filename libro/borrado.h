@@ -10,7 +10,7 @@ struct PedidoBorrado {
     qint64 tipo_origen = 0; ///< ENCO_TIPOREF: distinto de 0, lo borra la opción de su módulo
     /// El comprobante como lo vio quien lo abrió; si ya no es ese, se pregunta antes de borrarlo.
     std::optional<Comprobante> visto;
-    QString cerrado; ///< el bloqueo de su fecha, si quien lo pide ya lo sabe
+    QString cerrado; ///< el bloqueo de su fecha si los dos libros están cerrados; lo pone Tfdmcnt
 };
 
 /// Lo que impide borrarlo: pertenece a otro módulo, cuya opción nombra, o su fecha está cerrada.

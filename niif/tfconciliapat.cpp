@@ -62,7 +62,7 @@ void Tfconciliapat::construya() {
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SBCalcula", "F2:Calcula", "view-refresh", Qt::Key_F2,
                                   [this] { actualice_balance(); }));
-    barra->boton("SpeedButton1", "Año de apertura", "go-first", {},
+    barra->boton("SpeedButton1", "Año de apertura", "x-office-spreadsheet", {},
                  [this] { SpeedButton1Click(); });
     barra->boton("SBMas", "F6:Más detalle", "list-add", Qt::Key_F6, [this] { nivel(1); });
     barra->boton("SBMenos", "F5:Menos detalle", "list-remove", Qt::Key_F5, [this] { nivel(-1); });

@@ -114,7 +114,8 @@ void FormaConcepto::construya() {
                             con_rotulo("Hasta", Formulario::junto({MesFin, AnoFin}))},
                            paso()))
         .ancha(DBGridEh1)
-        .fila({{"Cuenta afectar:", NomCuenta}, {"Cuenta base:", NomBase}})
+        .fila("Cuenta afectar:", NomCuenta)
+        .fila("Cuenta base:", NomBase)
         .botones(barra);
     enter_como_tab();
     tamano(1000, 540);

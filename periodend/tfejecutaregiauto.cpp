@@ -3,6 +3,8 @@
 #include "periodend/pch.h"
 #include "periodend/peticiones_cierre.h"
 #include "toolkit/aviso_trabajo.h"
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/estilo.h"
 #include "toolkit/sin_grabar.h"
 
 namespace {
@@ -56,7 +58,7 @@ Tfejecutaregiauto::Tfejecutaregiauto()
 }
 
 void Tfejecutaregiauto::complete(Formulario& f) {
-    f.fila({{"Registro", ERegistro}, {"Porcenta&je", Porc}});
+    f.fila("Registro", en_flujo({ERegistro, con_rotulo("Porcenta&je", Porc)}, paso()));
 }
 
 void Tfejecutaregiauto::bajo_el_encabezado(Formulario& f) {

@@ -7,6 +7,8 @@
 #include "toolkit/controles/editorrico.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/sin_grabar.h"
 
@@ -57,7 +59,7 @@ FormaNota::FormaNota(const QString& clase, const QString& titulo)
     barra->boton("SBCopiar", "F8:Copiar", "edit-copy", Qt::Key_F8, [this] { SBCopiarClick(); });
     barra->boton("SBCancelar", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario(this)
-        .fila({{"&Título:", ETitulo}, {"Nota &No.:", ENumero}})
+        .fila("&Título:", en_flujo({ETitulo, con_rotulo("Nota &No.:", ENumero)}, paso()))
         .fila({{"&Cuenta:", ECuenta}, {"Período:", cajas_de_periodo()}, {"", ckTodos}})
         .fila("Copiar de:", caja_de_copia())
         .ancha(Editor)

@@ -9,6 +9,7 @@
 #include "toolkit/controles/imagendato.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/letrero_al_pie.h"
@@ -120,13 +121,15 @@ void Tfmodformato::construya_encabezado(Formulario& f) {
     EImpresora->setObjectName("EImpresora");
     auto* niif = new CasillaDato("Cuentas Niif", &CFormato, "FOCO_NIIF");
     niif->setObjectName("FOCO_NIIF");
+    // Los nombres toman el renglón que sus vecinos no usan.
     f.fila({{"Código:", ECodigo},
-            {"Nombre:", editor("FOCO_NOMBRE", 40)},
-            {"Impresora:", EImpresora},
-            {"", niif}});
+            {"Nombre:",
+             en_flujo({editor("FOCO_NOMBRE", 40), con_rotulo("Impresora:", EImpresora), niif},
+                      paso())}});
     f.fila({{"Páginas:", editor("FOCO_PAGINAS", 8)},
-            {"Título:", editor("FOCO_TITULO", 40)},
-            {"Factor conversión:", editor("FOCO_FACTOR", 12)}});
+            {"Título:", en_flujo({editor("FOCO_TITULO", 40),
+                                  con_rotulo("Factor conversión:", editor("FOCO_FACTOR", 12))},
+                                 paso())}});
     f.fila({{"Líneas:", editor("FOCO_LINEAS", 8)}, {"Subtítulo:", editor("FOCO_SUBTITULO", 80)}});
 }
 

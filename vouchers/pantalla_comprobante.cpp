@@ -138,7 +138,7 @@ void PantallaComprobante::disponga(QWidget* control_prefijo) {
     DBEdit6->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     DBEdit6->setMinimumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 12));
     // Con sitio se ven trece enteros, con sus comas y decimales.
-    DBEdit6->setMaximumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 22));
+    DBEdit6->setMaximumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 20));
     DBMemo1->setMinimumWidth(ancho_caracteres(DBMemo1->fontMetrics(), 5));
     // Lo que se ahorra alrededor son líneas del asiento.
     layout()->setContentsMargins(paso(1.5), aire(), paso(1.5), aire());
@@ -292,7 +292,7 @@ void PantallaComprobante::siga_los_items() {
         l->siga_los_items("CODE_ITEM");
 }
 
-ResultadoGrabacion PantallaComprobante::grabe(Grabador quien) {
+ResultadoGrabacion PantallaComprobante::grabe(Grabador quien, const QString& si_queda) {
     const ModoGrabacion& modo = modo_de(quien);
     AjustesLibro a = fdmcnt().ajustes_libro();
     a.permite_descuadre = ajustes.permite_descuadre;
@@ -309,16 +309,21 @@ ResultadoGrabacion PantallaComprobante::grabe(Grabador quien) {
         anuncie(fdm().barra(), QStringList{"Grabado", CMovimiento.FieldByName("TICO_COD").texto(),
                                            CMovimiento.FieldByName("PRCO_PREF").texto(), r.numero}
                                    .join(' '));
+    QStringList avisos; // uno solo: el segundo taparía el primero
     if (r.cambio_de_numero())
-        fdm().mostrar_advertencia("El número " + r.numero_pedido +
-                                  " lo tomó otro comprobante: este quedó con el " + r.numero + '.');
+        avisos << "El número " + r.numero_pedido + " lo tomó otro comprobante: este quedó con el " +
+                      r.numero + '.';
     if (r.clase == ResultadoGrabacion::Grabado)
-        proteja([&r] { // ya está grabado, aunque esto falle
+        proteja([&] { // ya está grabado, aunque esto falle
             if (const QString cierre = cierre_ya_hecho(fdm().Quorvex, r.id); !cierre.isEmpty())
-                fdm().mostrar_advertencia("El año ya tiene cierre (" + cierre +
-                                          "). Si esto cambió sus cuentas de resultados, hágalo "
-                                          "de nuevo.");
+                avisos << "Ya hay un cierre anual (" + cierre +
+                              ") que tomó sus cuentas de resultados. Si esto las cambió, hágalo "
+                              "de nuevo.";
         });
+    if (r.clase == ResultadoGrabacion::Grabado && !si_queda.isEmpty())
+        avisos << si_queda;
+    if (!avisos.isEmpty())
+        fdm().mostrar_advertencia(avisos.join(' '));
     return r;
 }
 

@@ -89,8 +89,8 @@ protected:
     void reciba_en_encabezado(const char* campo, const QString& valor);
     virtual void traiga_plantilla(const QString& plantilla) = 0;
     /// Revisa y graba por el único camino. Lo rehusado se dice aquí y deja el cursor donde se
-    /// corrige; las fallas las dice el proveedor.
-    ResultadoGrabacion grabe(Grabador quien);
+    /// corrige; las fallas las dice el proveedor. `si_queda` se advierte con lo demás si se graba.
+    ResultadoGrabacion grabe(Grabador quien, const QString& si_queda = {});
     /// Lo rehusado que esta pantalla sí deja pasar.
     virtual bool se_tolera(const Rechazo&) const { return false; }
     void diga(const Rechazos& rechazos, const ModoGrabacion& modo);

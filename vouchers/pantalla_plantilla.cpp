@@ -1,6 +1,7 @@
 #include "vouchers/pantalla_plantilla.h"
 
 #include "toolkit/aire.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "vouchers/lineas_plantilla.h"
 #include "vouchers/pch.h"
@@ -62,8 +63,9 @@ void PantallaPlantilla::construya(const QString& archivo) {
     Formulario f(this);
     layout()->setContentsMargins(paso(1.5), aire(), paso(1.5), aire());
     layout()->setSpacing(aire());
-    f.fila({{"Tipo", LTipo}, {"Prefijo", LPref}});
-    f.fila({{"Concepto", EConcepto}, {"Referencia", ERef}});
+    EConcepto->setMaximumWidth(ancho_caracteres(EConcepto->fontMetrics(), kLetrasNombre));
+    f.fila("Tipo", en_flujo({LTipo, con_rotulo("Prefijo", LPref)}, paso()));
+    f.fila("Concepto", en_flujo({EConcepto, con_rotulo("Referencia", ERef)}, paso()));
     f.ancha(PageControl1, 1);
     f.botones(nombrado(new BarraBotones(this), "barra"));
     ate_rejillas({Rejilla::Pegar, Rejilla::Borrar, Rejilla::Cortar, Rejilla::Copiar,

@@ -202,7 +202,7 @@ void Tfedtmovimien::diga_lo_cerrado(const QString& cual) {
     QString texto = QString::fromUtf8(por_que);
     setWindowTitle(windowTitle() + " - " + texto);
     texto += '.';
-    if (solo_imprime_ && libre_niif) {
+    if (solo_imprime_ && libre_niif && SBGrabar->isEnabled()) {
         const QString niif = "Lo que cambie en el libro NIIF se graba al pasar de página.";
         SBGrabar->setToolTip(niif);
         texto += ' ' + niif;
@@ -369,7 +369,10 @@ void Tfedtmovimien::SBGrabarClick() {
     termine_lineas();
     const bool replica_detenida =
         !libre_niif && toca_la_replica() && CMovimiento.FieldByName("ENCO_REPNIIF").texto() == "S";
-    const ResultadoGrabacion r = grabe(Grabador::Editar);
+    const ResultadoGrabacion r =
+        grabe(Grabador::Editar, replica_detenida ? "El libro NIIF está bloqueado a la fecha del "
+                                                   "comprobante: sus líneas quedaron como estaban."
+                                                 : QString());
     if (r.clase == ResultadoGrabacion::Rehusado)
         return;
     tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
@@ -377,9 +380,6 @@ void Tfedtmovimien::SBGrabarClick() {
         CMovimiento.Edit();
         return;
     }
-    if (replica_detenida)
-        fdm().mostrar_advertencia("El libro NIIF está bloqueado a la fecha del comprobante: sus "
-                                  "líneas quedaron como estaban.");
     imprima_comprobante(QString::number(r.id));
     cierre();
 }

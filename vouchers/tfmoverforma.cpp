@@ -30,12 +30,17 @@ TFmoverforma::TFmoverforma() : Pantalla("TFmoverforma", "Mover Formato") {
     Formulario f(this);
     f.grupo("Acción");
     acciones = new QButtonGroup(this);
+    QWidget* izquierda = nullptr; // de a dos por fila: se leen todas sin correr la ventana
     for (const Accion& a : kAcciones) {
         auto* boton = new QRadioButton(QString::fromUtf8(a.rotulo));
         boton->setObjectName(QStringLiteral("accion_") + QLatin1Char(a.letra));
         acciones->addButton(boton, a.letra);
-        f.fila("", boton);
+        if (izquierda)
+            f.fila({{"", std::exchange(izquierda, nullptr)}, {"", boton}});
+        else
+            izquierda = boton;
     }
+    static_assert(std::size(kAcciones) % 2 == 0);
     f.fin_grupo();
     const auto casilla = [this](const char* nombre) {
         auto* e = new QLineEdit(this);

@@ -305,8 +305,10 @@ void Tfmovimien::CMovimientoAfterInsert() {
 void Tfmovimien::CMovimientoTICO_CODChange(Campo& campo) {
     CPrefijos.Open(sql_prefijos_activos(campo.texto()));
     CMovimiento.FieldByName("ENCO_NUMERO").limpie();
-    if (campo.vacio()) // una compañía sin tipos: se dice al grabar, y la ventana abre entera
+    if (campo.vacio()) { // una compañía sin tipos: se dice al grabar, y la ventana abre entera
+        CMovimiento.FieldByName("PRCO_PREF").limpie();
         return;
+    }
     if (CPrefijos.IsEmpty())
         throw ErrorDatos(QStringLiteral("Debe registrar antes los prefijos."));
     LPref->setEnabled(true);

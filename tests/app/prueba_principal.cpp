@@ -429,7 +429,9 @@ private slots:
         rejilla->OnDblClick(0);
         QCOMPARE(nombres(), QStringList({"Tfbuscplantilla", "Tfedtplantilla"}));
         escritorio()->cierre_todas();
-        p.findChild<QPushButton*>("sButton6")->click();
+        auto* plantillas = p.findChild<QPushButton*>("sButton6");
+        plantillas->setFocus();
+        QTest::keyClick(plantillas, Qt::Key_Return);
         QCOMPARE(nombres(), QStringList({"Tfmnuplantilla"}));
     }
 

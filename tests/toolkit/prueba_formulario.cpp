@@ -235,7 +235,8 @@ private slots:
             for (const auto* c : cajas)
                 if (const QPoint medio = c->mapTo(marco->viewport(), c->rect().center());
                     c->visibleRegion().isEmpty() && marco->viewport()->rect().contains(medio))
-                    QVERIFY(marco->viewport()->childAt(medio) != c);
+                    QVERIFY(!c->isAncestorOf(marco->viewport()->childAt(medio)) &&
+                            marco->viewport()->childAt(medio) != c);
         }
         // Con más área vuelven, aunque la barra siga angosta.
         barra->resize(entera.width() - 10, entera.height());

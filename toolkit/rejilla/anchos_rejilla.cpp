@@ -93,7 +93,7 @@ struct Cesiones {
             nombre << (primero ? 0 : cede);
             // El de la que se digita y no dice nada, hasta que se lea abreviado.
             const int corto = poco && !p.vacia && p.breve > 0 ? qMax(0, anchos.last() - p.breve)
-                              : p.vacia                       ? resto
+                              : p.vacia || p.casilla          ? resto
                                                               : 0;
             titulo_vacia << corto;
             titulo << qMax(0, resto - corto);
@@ -358,6 +358,7 @@ void AnchosRejilla::mida_corto(int columna, PedidoAncho& p) const {
     const int minimo =
         ancho_caracteres(medidas, kCaracteresCodigo) + 2 * DelegadoCelda::margen(medidas);
     if (c.casilla) {
+        p.casilla = true;
         p.contenido = qMin(p.titulo, qMax(minimo, titulos().ancho_minimo(columna)));
         p.comodo = qMax(p.seguido, declarado);
         return;

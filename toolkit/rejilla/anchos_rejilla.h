@@ -15,18 +15,19 @@ class Rejilla;
 
 /// Lo que pide una columna, en píxeles.
 struct PedidoAncho {
-    int contenido = 0;  ///< sin esto se recortaría una cifra o un código
-    int titulo = 0;     ///< para que su título se lea entero, aunque sea en dos renglones
-    int breve = 0;      ///< de la que no dice nada y se digita, para leerlo abreviado
-    int apretado = 0;   ///< de la que no dice nada, por una cifra que asoma; 0 si dice algo
-    int seguido = 0;    ///< para que se lea en uno
-    int comodo = 0;     ///< el texto completo, o sitio para digitar
-    int entero = 0;     ///< para leer sin puntos suspensivos lo que hay; 0 si basta `contenido`
-    int cede = 0;       ///< de `contenido`, lo que da antes de que se abrevie un título
-    int peso = 0;       ///< parte de lo que sobre; 0 en cifras y códigos
-    bool vacia = false; ///< no dice nada en ninguna fila, o solo ceros: es la primera que cede
-    bool fijo = false; ///< ni un píxel más: lo escogió el usuario, está oculta o es una casilla
-    bool cifra = false; ///< lejos de la anterior se lee mal: no toma lo que sobre sin límite
+    int contenido = 0;    ///< sin esto se recortaría una cifra o un código
+    int titulo = 0;       ///< para que su título se lea entero, aunque sea en dos renglones
+    int breve = 0;        ///< de la que no dice nada y se digita, para leerlo abreviado
+    int apretado = 0;     ///< de la que no dice nada, por una cifra que asoma; 0 si dice algo
+    int seguido = 0;      ///< para que se lea en uno
+    int comodo = 0;       ///< el texto completo, o sitio para digitar
+    int entero = 0;       ///< para leer sin puntos suspensivos lo que hay; 0 si basta `contenido`
+    int cede = 0;         ///< de `contenido`, lo que da antes de que se abrevie un título
+    int peso = 0;         ///< parte de lo que sobre; 0 en cifras y códigos
+    bool vacia = false;   ///< no dice nada en ninguna fila, o solo ceros: es la primera que cede
+    bool fijo = false;    ///< ni un píxel más: lo escogió el usuario o está oculta
+    bool casilla = false; ///< con el título abreviado se lee igual: cede antes que un nombre
+    bool cifra = false;   ///< lejos de la anterior se lee mal: no toma lo que sobre sin límite
 };
 
 /// Un ancho por pedido. Suman `disponible` si hay con qué; si no cabe ni lo indispensable suman
