@@ -119,7 +119,6 @@ void FormaConcepto::construya() {
         .botones(barra);
     enter_como_tab();
     tamano(1000, 540);
-
     CConceptos.FieldByName("CONC_CTACIERRE").OnChange = [this](Campo& x) {
         cuenta_cambiada(x, NomCierre);
     };

@@ -127,21 +127,21 @@ private slots:
         QCOMPARE(s.dato("select cian_usuario from cierre_anual"), "ADMIN");
         QCOMPARE(s.barra.text(), "Grabado CG 0001 " + numero);
         // Lo que entra después en sus cuentas se le dice a quien lo graba.
-        grabe(s.base.base(), 502, "20171215",
+        grabe(s.base.base(), 900, "20171215",
               {{1, "111005", Moneda(5), {}}, {2, "413505", {}, Moneda(5), {}, "0002", "0001"}});
-        QCOMPARE(cierre_ya_hecho(s.base.base(), 502), "CG 0001 " + numero);
+        QCOMPARE(cierre_ya_hecho(s.base.base(), 900), "CG 0001 " + numero);
         const auto mude = [&s](const char* fecha) {
             s.base.base().ejecute("update comprobante_encabezado set enco_fecha = ? where "
-                                  "enco_consec = 502",
+                                  "enco_consec = 900",
                                   {Valor(fecha)});
         };
         mude("20171301");
-        QCOMPARE(cierre_ya_hecho(s.base.base(), 502), "CG 0001 " + numero);
+        QCOMPARE(cierre_ya_hecho(s.base.base(), 900), "CG 0001 " + numero);
         mude("20180110");
-        QCOMPARE(cierre_ya_hecho(s.base.base(), 502), QString());
+        QCOMPARE(cierre_ya_hecho(s.base.base(), 900), QString());
         QCOMPARE(cierre_ya_hecho(s.base.base(), id.toInt()), QString());
-        s.base.ejecute({"delete from comprobante_detalle where enco_consec = 502",
-                        "delete from comprobante_encabezado where enco_consec = 502"});
+        s.base.ejecute({"delete from comprobante_detalle where enco_consec = 900",
+                        "delete from comprobante_encabezado where enco_consec = 900"});
 
         oprima(Qt::Key_F4); // no se modifica: se abre su comprobante
         QCOMPARE(abiertos, QStringList(id));

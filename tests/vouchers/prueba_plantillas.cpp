@@ -305,6 +305,7 @@ private slots:
         Tfplantilla* p = nueva(s, "x");
         dice([&] { linea(p, {"130505", "19876543"}); }, "Tercero Inactivo o no encontrado.");
         QCOMPARE(celda(p, "TERC_NIT"), QString());
+        agote_eventos(); // y el cursor vuelve a ella
         QCOMPARE(p->lineas_2649->rejilla->SelectedIndex(), int(LineasLibro::kTercero));
         linea(p, {"900123456"}, 1);
         QCOMPARE(p->lineas_2649->NomTerc->text(), "Ferretería El Tornillo S.A.S.");
