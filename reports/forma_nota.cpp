@@ -59,7 +59,7 @@ FormaNota::FormaNota(const QString& clase, const QString& titulo)
     barra->boton("SBCopiar", "F8:Copiar", "edit-copy", Qt::Key_F8, [this] { SBCopiarClick(); });
     barra->boton("SBCancelar", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario(this)
-        .fila("&Título:", en_flujo({ETitulo, con_rotulo("Nota &No.:", ENumero)}, paso()))
+        .fila("&Título:", en_flujo({ETitulo, con_rotulo("Nota &No.", ENumero)}, paso()))
         .fila({{"&Cuenta:", ECuenta}, {"Período:", cajas_de_periodo()}, {"", ckTodos}})
         .fila("Copiar de:", caja_de_copia())
         .ancha(Editor)

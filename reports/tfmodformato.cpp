@@ -124,11 +124,11 @@ void Tfmodformato::construya_encabezado(Formulario& f) {
     // Los nombres toman el renglón que sus vecinos no usan.
     f.fila({{"Código:", ECodigo},
             {"Nombre:",
-             en_flujo({editor("FOCO_NOMBRE", 40), con_rotulo("Impresora:", EImpresora), niif},
+             en_flujo({editor("FOCO_NOMBRE", 40), con_rotulo("Impresora", EImpresora), niif},
                       paso())}});
     f.fila({{"Páginas:", editor("FOCO_PAGINAS", 8)},
             {"Título:", en_flujo({editor("FOCO_TITULO", 40),
-                                  con_rotulo("Factor conversión:", editor("FOCO_FACTOR", 12))},
+                                  con_rotulo("Factor conversión", editor("FOCO_FACTOR", 12))},
                                  paso())}});
     f.fila({{"Líneas:", editor("FOCO_LINEAS", 8)}, {"Subtítulo:", editor("FOCO_SUBTITULO", 80)}});
 }
