@@ -7,6 +7,7 @@
 #   QUORVEX_RECORRIDO=CARPETA    dónde deja las fotos
 #   QUORVEX_ESCENAS=CARPETA      otras escenas que las de herramientas/recorrido
 #   QUORVEX_SIN_FOTOS=1          solo teclea y comprueba
+#   QUORVEX_CIFRAS=1             la demostración es la de las pruebas: los papeles dicen sus cifras
 #
 # Al cerrar se compara lo que se tecleó con lo que quedó. Las pantallas que ninguna escena abrió
 # quedan en sin_abrir.txt.

@@ -11,6 +11,7 @@
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/pida_archivo.h"
@@ -115,7 +116,7 @@ void Tfmediosmag::arme() {
     barra->separe();
     barra->boton("SpeedButton4", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario f(this);
-    f.fila({{"Fecha inicial:", FecIni}, {"Fecha final:", FecFin}});
+    f.fila("Fecha inicial:", en_flujo({FecIni, con_rotulo("Fecha final", FecFin)}, paso()));
     f.fila("Formato de Archivo:", LFormato);
     f.fila("Nombre archivo:", Formulario::junto({Ubicacion, otra}));
     f.ancha(DBGridEh1).botones(barra);

@@ -25,7 +25,7 @@ export QUORVEX_GUIONES=$raiz/database
 "$administrador" crear-demo --codigo 002 --lineas 300 --ubicacion "$carpeta" >/dev/null
 clave=$("$administrador" clave --ubicacion "$carpeta" --codigo ADMIN --compania 001 |
     sed -n 's/^Clave: //p')
-QUORVEX_SIN_FOTOS=1 QUORVEX_RECORRIDO=$carpeta/fotos \
+QUORVEX_CIFRAS=1 QUORVEX_SIN_FOTOS=1 QUORVEX_RECORRIDO=$carpeta/fotos \
     "$raiz/herramientas/recorrido.sh" "$carpeta" ADMIN "$clave"
 
 # --- las pantallas que nadie abrió

@@ -168,7 +168,7 @@ void RejillaCubo::ajuste_anchos() {
         int ancho = 0;
         for (const QString& renglon :
              modelo_.headerData(c, Qt::Horizontal, Qt::DisplayRole).toString().split('\n'))
-            ancho = qMax(ancho, letra.horizontalAdvance(renglon));
+            ancho = qMax(ancho, horizontalHeader()->fontMetrics().horizontalAdvance(renglon));
         int celdas = 0;
         for (int f = 0; f < qMin(modelo_.rowCount(), kFilasMedidas); ++f)
             celdas = qMax(celdas, mida(modelo_.index(f, c)));
