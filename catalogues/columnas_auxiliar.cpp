@@ -5,7 +5,6 @@
 #include <algorithm>
 
 namespace {
-constexpr const char* kImporte = "#,###.00";
 constexpr const char* kPorcentaje = "#.##";
 
 enum class Clase { Entero, Texto, Importe, Porcentaje };

@@ -45,6 +45,7 @@ function(quorvex_prueba archivo)
                         Qt6::Network Qt6::Test)
   target_include_directories(${nombre} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests)
   target_precompile_headers(${nombre} REUSE_FROM pch_pruebas)
+  set_target_properties(${nombre} PROPERTIES UNITY_BUILD OFF) # es una sola fuente
   # Carpeta de bloqueos del motor propia: una prueba que mata procesos no estorba a las demás.
   add_test(NAME ${nombre} COMMAND ${nombre} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
   # Una prueba que se cuelga falla diciendo en qué función antes de que CTest la termine. El plazo

@@ -233,5 +233,5 @@ Valor ImportacionTerceros::ciudad(const QString& nombre) {
     QString codigo = escoja([&](const Ciudad& c) { return c.palabras.startsWith(buscada + ' '); });
     if (codigo.isEmpty())
         codigo = escoja([&](const Ciudad& c) { return c.palabras.endsWith(' ' + buscada); });
-    return codigo.isEmpty() ? Valor() : Valor(codigo);
+    return nulo_si_vacio(codigo);
 }

@@ -269,13 +269,13 @@ void ImportacionComprobantes::ponga_lineas(Transaccion& t) {
         "code_credito, code_base, code_porc, terc_nit, proy_cod, cent_cod, arti_cod) values (?, ?, "
         "?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
         t);
-    const auto o_nulo = [](const QString& s) { return s.isEmpty() ? Valor() : Valor(s); };
     for (const Renglon& r : renglones_) {
         const LineaComprobante& l = r.linea;
         if (r.entra())
             inserte->ejecute(t, {kAsiento, QString(QLatin1String(datos(libro()).nombre)), l.item,
-                                 l.cuenta, l.debito, l.credito, l.base, l.porcentaje, o_nulo(l.nit),
-                                 o_nulo(l.proyecto), o_nulo(l.centro), o_nulo(l.articulo)});
+                                 l.cuenta, l.debito, l.credito, l.base, l.porcentaje,
+                                 nulo_si_vacio(l.nit), nulo_si_vacio(l.proyecto),
+                                 nulo_si_vacio(l.centro), nulo_si_vacio(l.articulo)});
     }
 }
 
@@ -302,15 +302,15 @@ void ImportacionComprobantes::grabe(Transaccion& t) {
             ->ejecute(t, {kAsiento, id_});
         return;
     }
-    const auto o_nulo = [](const QString& s) { return s.isEmpty() ? Valor() : Valor(s); };
     numero_final_ =
         t.conexion()
             .prepare(
                 "execute procedure asiente_comprobante(?, ?, ?, ?, ?, ?, ?, 0, 0, ?, null, null, "
                 "null, null, 'N', null)",
                 t)
-            ->ejecute_con_salida(t, {kAsiento, llave_.tipo, llave_.prefijo, llave_.numero, fecha_,
-                                     o_nulo(concepto_), o_nulo(referencia_), usuario_})
+            ->ejecute_con_salida(t,
+                                 {kAsiento, llave_.tipo, llave_.prefijo, llave_.numero, fecha_,
+                                  nulo_si_vacio(concepto_), nulo_si_vacio(referencia_), usuario_})
             .value(1)
             .texto();
 }

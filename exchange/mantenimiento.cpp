@@ -9,9 +9,6 @@ constexpr int kDiferenciasPorPaso = 20000;
 QString bandera(bool si) {
     return si ? QStringLiteral("S") : QStringLiteral("N");
 }
-Valor o_nulo(const QString& texto) {
-    return texto.isEmpty() ? Valor() : Valor(texto);
-}
 
 /// Llama el procedimiento con sus argumentos y HAGALO, y lee sus cifras por nombre.
 CifrasMantenimiento llame(Conexion& conexion, const QString& procedimiento,
@@ -57,21 +54,23 @@ CifrasMantenimiento reemplace_cuenta(Conexion& conexion, Libro libro, const QStr
                                      const QString& destino, const RangoFechas& fechas,
                                      const QString& tipo, Paso paso) {
     return llame(conexion, con_libro("reemplace_cuenta", libro),
-                 {origen, destino, fechas.desde, fechas.hasta, o_nulo(tipo)}, paso);
+                 {origen, destino, fechas.desde, fechas.hasta, nulo_si_vacio(tipo)}, paso);
 }
 
 CifrasMantenimiento reemplace_tercero(Conexion& conexion, Libro libro, const QString& origen,
                                       const QString& destino, const RangoFechas& fechas,
                                       const QString& tipo, const QString& cuenta, Paso paso) {
-    return llame(conexion, con_libro("reemplace_tercero", libro),
-                 {origen, destino, fechas.desde, fechas.hasta, o_nulo(tipo), o_nulo(cuenta)}, paso);
+    return llame(
+        conexion, con_libro("reemplace_tercero", libro),
+        {origen, destino, fechas.desde, fechas.hasta, nulo_si_vacio(tipo), nulo_si_vacio(cuenta)},
+        paso);
 }
 
 CifrasMantenimiento abra_auxiliar(Conexion& conexion, Libro libro, const AuxiliarNuevo& n,
                                   Paso paso) {
     return llame(conexion, con_libro("abra_auxiliar", libro),
                  {n.cuenta, n.nombre, bandera(n.indicadores.tercero), bandera(n.indicadores.centro),
-                  bandera(n.indicadores.retencion), o_nulo(n.equivalente)},
+                  bandera(n.indicadores.retencion), nulo_si_vacio(n.equivalente)},
                  paso);
 }
 
@@ -84,8 +83,9 @@ CifrasMantenimiento cambie_detalle(Conexion& conexion, Libro libro, const QStrin
 CifrasMantenimiento borre_movimientos(Conexion& conexion, const RangoBorrado& r,
                                       const QString& usuario, Paso paso) {
     return llame(conexion, QStringLiteral("borre_movimientos"),
-                 {r.tipo, o_nulo(r.prefijo), r.fechas.desde, r.fechas.hasta, o_nulo(r.numero_desde),
-                  o_nulo(r.numero_hasta), o_nulo(r.nit_desde), o_nulo(r.nit_hasta), usuario},
+                 {r.tipo, nulo_si_vacio(r.prefijo), r.fechas.desde, r.fechas.hasta,
+                  nulo_si_vacio(r.numero_desde), nulo_si_vacio(r.numero_hasta),
+                  nulo_si_vacio(r.nit_desde), nulo_si_vacio(r.nit_hasta), usuario},
                  paso);
 }
 

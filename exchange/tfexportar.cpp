@@ -17,13 +17,6 @@ QLineEdit* caja(const char* nombre, int largo = 0) {
     return c;
 }
 
-QComboBox* lista(const char* nombre, const QStringList& textos = {}) {
-    auto* c = new ListaTecleo;
-    c->setObjectName(nombre);
-    c->addItems(textos);
-    return c;
-}
-
 } // namespace
 
 Tfexportar::Tfexportar() : Pantalla("Tfexportar", "Exportación de movimientos") {
@@ -38,10 +31,10 @@ void Tfexportar::construya() {
     admita_barras(FecFin);
     Archivo = caja("Archivo");
     Pref = caja("Pref", 4);
-    LTipo = lista("LTipo", {"Todos"});
-    LSepara =
-        lista("LSepara", {"Coma (,)", "Punto y coma (;)", "Tabulador", "Ninguno (Ancho fijo)"});
-    LDestino = lista("LDestino", {"SIIGO", "WEB GERENCIAL", "CSV", "ISIS"});
+    LTipo = lista_tecleo("LTipo", {"Todos"});
+    LSepara = lista_tecleo("LSepara",
+                           {"Coma (,)", "Punto y coma (;)", "Tabulador", "Ninguno (Ancho fijo)"});
+    LDestino = lista_tecleo("LDestino", {"SIIGO", "WEB GERENCIAL", "CSV", "ISIS"});
     ckfcontado = new QCheckBox("Omitir facturas de contado");
     ckfcontado->setObjectName("ckfcontado");
     auto* examinar = new QPushButton("E&xaminar");

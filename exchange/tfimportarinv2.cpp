@@ -5,17 +5,6 @@
 
 #include <QButtonGroup>
 
-namespace {
-
-QComboBox* lista(const char* nombre, const QStringList& textos) {
-    auto* c = new ListaTecleo;
-    c->setObjectName(nombre);
-    c->addItems(textos);
-    return c;
-}
-
-} // namespace
-
 Tfimportarinv2::Tfimportarinv2()
     : Pantalla("Tfimportarinv2", "Importación de datos contables 2/3") {
     Ubicacion = new QLineEdit;
@@ -34,8 +23,8 @@ Tfimportarinv2::Tfimportarinv2()
         Tipo->addButton(radio, int(Tipo->buttons().size()));
         columna->addWidget(radio);
     }
-    Separa = lista("Separa", {"Coma (,)", "Punto y coma (;)", "Tabulador"});
-    Delimita = lista("Delimita", {"Ninguno", "Comillas (\")", "Comilla simple (\x27)"});
+    Separa = lista_tecleo("Separa", {"Coma (,)", "Punto y coma (;)", "Tabulador"});
+    Delimita = lista_tecleo("Delimita", {"Ninguno", "Comillas (\")", "Comilla simple (\x27)"});
     connect(Tipo, &QButtonGroup::idToggled, this, &Tfimportarinv2::TipoChange);
     ckniif = new QCheckBox("Importar al Plan  NIIF");
     ckniif->setObjectName("ckniif");

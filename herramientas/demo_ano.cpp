@@ -8,9 +8,9 @@ using namespace cuenta_demo;
 namespace {
 
 constexpr int kFactura = 31, kFacturaCompra = 21;
-constexpr int kBaseRetencion =
-    860000; // 27 UVT de 2017, compras (artículo 401 del Estatuto Tributario)
-constexpr int kIva = 19000, kReteCompras = 2500, kReteivaTarifa = 15000; // milésimas de punto
+// 27 UVT de 2017, compras (artículo 401 del Estatuto Tributario)
+constexpr int kBaseRetencion2017 = 860000;
+constexpr int kReteivaTarifa = 15000; // milésimas de punto
 constexpr int kCajaMaxima = 6000000, kFondoBanco = 40000000;
 constexpr int kRecientes = 25;         // facturas más viejas entre las que se elige qué se paga
 constexpr int kVentasAno = 1480000000; // medidas en el año normal
@@ -331,7 +331,7 @@ void AnoDemo::venda() {
     Moneda total = base + iva;
     RenglonDemo retenido = de(cliente.nit);
     retenido.base = base;
-    if (!contado && cliente.retenedor && base >= Moneda(kBaseRetencion)) {
+    if (!contado && cliente.retenedor && base >= Moneda(kBaseRetencion2017)) {
         const Moneda fuente = parte(base, kReteCompras), ica = parte(base, kIca);
         retenido.porcentaje = Moneda::de_escalado(kReteCompras, 3);
         a.debite(kRetefuente, fuente, retenido);

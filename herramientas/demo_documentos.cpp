@@ -15,10 +15,9 @@ using namespace cuenta_demo;
 namespace {
 
 constexpr int kMeses = 3, kNomina = 92;
-constexpr int kIva = 19000, kReteCompras = 2500; // milésimas de punto
-constexpr int kBaseRetencion = 895000; // 27 UVT de 2018, compras (artículo 401 del Estatuto)
+constexpr int kBaseRetencion2018 = 895000; // 27 UVT de 2018, compras (artículo 401 del Estatuto)
 constexpr int kBancoCorriente = 1, kBancoAhorros = 2;
-constexpr int kFondoCaja = 800000, kFondoBanco = 15000000;
+constexpr int kFondoCaja = 800000, kFondoCorriente = 15000000;
 
 /// Arma los documentos de cada día y los escribe.
 class MesesDemo {
@@ -142,7 +141,7 @@ void MesesDemo::venda(bool revisada) {
     linea(d, "IVA", iva, QStringLiteral("19"));
     Moneda total = base + iva;
     const bool contado = d.prefijo == QLatin1String("POS");
-    if (!contado && cliente.retenedor && base >= Moneda(kBaseRetencion))
+    if (!contado && cliente.retenedor && base >= Moneda(kBaseRetencion2018))
         retenga(d, "RETEFUENTE", base, kReteCompras, total);
     d.total = total;
     if (!contado) {
@@ -176,7 +175,7 @@ void MesesDemo::compre() {
     const Moneda iva = parte(base, kIva);
     linea(d, "IVA", iva, QStringLiteral("19"));
     Moneda total = base + iva;
-    if (base >= Moneda(kBaseRetencion))
+    if (base >= Moneda(kBaseRetencion2018))
         retenga(d, "RETEFUENTE", base, kReteCompras, total);
     d.total = total;
     linea(d, "PROVEEDOR", total);
@@ -210,7 +209,7 @@ void MesesDemo::pague() {
         return;
     const bool de_ahorros = azar_.sale(20);
     Moneda& banco = de_ahorros ? ahorros_ : corriente_;
-    if (banco < deuda.valor + Moneda(kFondoBanco)) {
+    if (banco < deuda.valor + Moneda(kFondoCorriente)) {
         por_pagar_.push_back(deuda); // no alcanza: espera
         return;
     }

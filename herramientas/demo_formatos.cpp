@@ -77,7 +77,7 @@ namespace {
 constexpr int kIzquierda = 80, kDerecha = 1920; // márgenes en la cuadrícula de 2000 por 1500
 constexpr int kDetalle = 272;                   // primer renglón
 constexpr int kEntrelinea = 48;
-constexpr int kLetra = 8, kLetraMenuda = 7, kLetraNombres = 6;
+constexpr int kLetraComun = 8, kLetraMenuda = 7, kLetraNombres = 6;
 
 /// Un formato que se arma elemento por elemento.
 class FormatoDemo {
@@ -88,7 +88,7 @@ public:
                                   " form_paginas, form_entrelinea, form_font, form_fsize,"
                                   " form_papelan, form_papelal) values (1,?,?,'S',?,"
                                   "'Liberation Sans',?,8.5,11)"),
-                   {Valor(llave), Valor(renglones), Valor(kEntrelinea), Valor(kLetra)});
+                   {Valor(llave), Valor(renglones), Valor(kEntrelinea), Valor(kLetraComun)});
     }
     enum Pase { Encabezado, Detalle, Cierre };
     void dato(const char* nombre, int x, int y, Pase pase = Encabezado, int letra = 0,
@@ -105,9 +105,9 @@ public:
     /// El dato llega como se guarda, aaaammdd: se reparte para leerlo con sus barras.
     void fecha(int x, int y) {
         dato("FECHA", x, y, Encabezado, 0, 4);
-        texto("/", x + 60, y, kLetra);
+        texto("/", x + 60, y, kLetraComun);
         dato("FECHA", x + 68, y, Encabezado, 0, 2, 5);
-        texto("/", x + 99, y, kLetra);
+        texto("/", x + 99, y, kLetraComun);
         dato("FECHA", x + 107, y, Encabezado, 0, 2, 7);
     }
     void texto(const char* cadena, int x, int y, int letra = kLetraMenuda) {
@@ -190,7 +190,7 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     f.dato("CREDITO ITEM", 1910, kDetalle, F::Detalle, kLetraMenuda);
     // cierre
     f.cuadro(kIzquierda, fin + 8, kDerecha - kIzquierda, 62);
-    f.texto("Totales", 1085, fin + 16, kLetra);
+    f.texto("Totales", 1085, fin + 16, kLetraComun);
     f.dato("TOTAL DEBITOS", 1630, fin + 16, F::Cierre);
     f.dato("TOTAL CREDITOS", 1910, fin + 16, F::Cierre);
     f.dato("MONTO LETRAS", 100, fin + 46, F::Cierre, kLetraMenuda);

@@ -12,10 +12,6 @@ const QString kColumnas =
                    " code_tiponue, code_tipoapl, cnde_docnumero, cnde_docaplica, code_descontable,"
                    " conc_cod) values (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,'S','01')");
 
-Valor nulo_si_vacio(const QString& texto) {
-    return texto.isEmpty() ? Valor() : Valor(texto);
-}
-
 void exija_cuadre(const AsientoDemo& a, const QVector<RenglonDemo>& renglones) {
     Moneda debitos, creditos;
     for (const RenglonDemo& r : renglones) {

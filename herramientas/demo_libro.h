@@ -9,6 +9,7 @@
 namespace cuenta_demo {
 /// `base` por una tarifa en milésimas de punto (1104 es 1,104 %), en pesos enteros.
 Moneda parte(Moneda base, int milesimas);
+constexpr int kIva = 19000, kReteCompras = 2500; ///< en milésimas de punto
 } // namespace cuenta_demo
 
 struct RenglonDemo {

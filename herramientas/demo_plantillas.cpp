@@ -16,10 +16,6 @@ struct PlantillaDemo {
     QVector<LineaPlantilla> lineas, lineas_niif; ///< sin líneas NIIF son las mismas
 };
 
-Valor nulo_si_vacio(const QString& texto) {
-    return texto.isEmpty() ? Valor() : Valor(texto);
-}
-
 Moneda parte(Moneda base, const char* porcentaje) {
     return Moneda::porcentaje(base, Moneda::de_texto(QLatin1String(porcentaje))).redondeada(0);
 }

@@ -2,10 +2,6 @@
 
 namespace {
 
-Valor nulo_si_vacio(const QString& texto) {
-    return texto.isEmpty() ? Valor() : Valor(texto);
-}
-
 Valor nula_si_cero(Moneda valor) {
     return valor.es_cero() ? Valor() : Valor(valor);
 }

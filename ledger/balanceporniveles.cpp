@@ -7,13 +7,13 @@
 #include "toolkit/barrabotones.h"
 
 namespace {
-constexpr int kPrimerAno = 1990;
+constexpr int kPrimerAnoBalanceporniveles = 1990;
 constexpr int kNivelPorOmision = 5;
 constexpr int kNivelMasDetallado = 5; ///< tope de "Más detalle", tenga los que tenga ESTRUCTURA
 } // namespace
 
 BalancePorNiveles::BalancePorNiveles(const QString& clase, const QString& titulo)
-    : ConsultaPeriodo(clase, titulo, kPrimerAno) {
+    : ConsultaPeriodo(clase, titulo, kPrimerAnoBalanceporniveles) {
     tamano_del_area(140, 130);
     setProperty("alto_del_area", true); // ese es el que tiene señalado
     connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] { por_recalcular_ = true; });

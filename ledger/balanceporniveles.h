@@ -15,8 +15,6 @@ public:
     void BitBtn3Click(); ///< Más detalle
 
 protected:
-    static constexpr const char* kImporte = "#,###.00";
-
     /// Lee el balance hasta el nivel que quedó.
     virtual void nivel_cambiado() = 0;
     /// Abre la pantalla en la cuenta. Falso, con la razón en la barra, si no lleva movimiento.

@@ -8,7 +8,7 @@
 #include <QRegularExpression>
 
 namespace {
-constexpr int kPrimerAno = 2000;
+constexpr int kPrimerAnoConsultacuenta = 2000;
 
 QString rotulo_de(Clave clave) {
     switch (clave) {
@@ -37,7 +37,7 @@ void iguale_codigos(QLineEdit* cuenta, QLineEdit* clave) {
 } // namespace
 
 ConsultaCuenta::ConsultaCuenta(const MiembroConsulta& miembro)
-    : ConsultaPeriodo(miembro.clase, miembro.titulo, kPrimerAno),
+    : ConsultaPeriodo(miembro.clase, miembro.titulo, kPrimerAnoConsultacuenta),
       ECuenta(cree_lectura("ECuenta", 16)), NomCuenta(cree_lectura("NomCuenta")), datos_(miembro) {
     if (datos_.clave != Clave::Ninguna) {
         EClave = cree_lectura("EClave", 16);

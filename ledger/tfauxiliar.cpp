@@ -12,7 +12,6 @@
 #include <QMenu>
 
 namespace {
-constexpr const char* kImporte = "#,###.00";
 // El motor no conserva el orden entre iguales: dentro del mismo día, o del mismo valor de la
 // columna pedida, van como en el libro.
 constexpr const char* kDesempate = ",FECHA,TIPOCOMP,PREFIJO,NUMERO,ITEM";

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr int kPrimerAno = 2000;
+constexpr int kPrimerAnoComparacentros = 2000;
 constexpr const char* kPorOmision = "comparacentros.mds";
 constexpr const char* kPropias = ":/informes/"; ///< las que trae el programa
 
@@ -66,7 +66,7 @@ QString carpeta_de_plantillas() {
 } // namespace
 
 Tfcomparacentros::Tfcomparacentros()
-    : ConsultaPeriodo("Tfcomparacentros", "Comparativo centros de costo", kPrimerAno),
+    : ConsultaPeriodo("Tfcomparacentros", "Comparativo centros de costo", kPrimerAnoComparacentros),
       cubo_(campos_del_cubo()) {
     defina_conjunto();
     ckNiif = new QCheckBox("Cuentas NIIF", this);

@@ -10,7 +10,6 @@
 #include <QCheckBox>
 
 namespace {
-constexpr const char* kImporte = "#,###.00";
 // Una fila sin saldo inicial ni movimiento no sale aunque su saldo final sea otro.
 constexpr const char* kMovidos = " WHERE (INICIAL <> 0) OR (DEBITOS <> 0) OR (CREDITOS <> 0)";
 } // namespace

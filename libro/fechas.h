@@ -14,6 +14,9 @@ struct AjustesLibro {
     }
 };
 
+inline constexpr int kLargoPeriodo = 6; ///< de "aaaamm"
+inline constexpr int kMesAjustes = 13;
+
 /// Último día del mes 1 a 14. Febrero tiene 29 en los años múltiplos de cuatro, sin más prueba.
 int dias_del_mes(int ano, int mes);
 

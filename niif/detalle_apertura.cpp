@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr const char* kImporte = "#,###.00";
 constexpr int kAncestros = 3;
 const QColor kFondoNiif(0xE3, 0xF1, 0xE6), kFondo2649(0xFD, 0xF3, 0xDC);
 

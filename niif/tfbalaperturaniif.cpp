@@ -20,8 +20,7 @@
 namespace {
 
 constexpr int kPrimeraColumnaNiif = 8; ///< las de antes son de la cuenta 2649
-constexpr const char* kImporte = "#,###.00";
-constexpr int kMuestra = 8; ///< cuentas que se nombran en un mensaje
+constexpr int kMuestra = 8;            ///< cuentas que se nombran en un mensaje
 
 /// De solo lectura, fuera del Tab; un texto largo se ve por su comienzo.
 QLineEdit* caja(const char* nombre) {

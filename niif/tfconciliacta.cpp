@@ -4,12 +4,7 @@
 #include "niif/pch.h"
 #include "niif/peticiones_niif.h"
 
-namespace {
-constexpr int kAjustes = 13;
-}
-
 Tfconciliacta::Tfconciliacta() : Pantalla("Tfconciliacta", "Conciliacion cuenta") {
-    constexpr const char* kImporte = "#,###.00";
     CDetalle.entero("ID");
     CDetalle.entero("CONSEC");
     CDetalle.texto("TICO", 3);
@@ -72,7 +67,7 @@ void Tfconciliacta::FormCreate() {
         "select * FROM CONCILIA_PAT_DETALLE(" + QuotedStr(p.cuenta) + "," + QuotedStr(p.ano) + ")";
     // Lo posterior al mes no está en la diferencia que se vino a ver.
     const QString despues = p.ano + QString::number(p.mes + 1).rightJustified(2, '0');
-    if (p.mes < kAjustes)
+    if (p.mes < kMesAjustes)
         sql_ += " where FECHA is null or FECHA < " + QuotedStr(despues);
     CDetalle.Open(sql_);
     DBGridEh1->setFocus();

@@ -7,11 +7,9 @@
 
 namespace {
 constexpr int kNivelInicial = 3;
-constexpr int kAjustes = 13;
 } // namespace
 
 Tfconciliapat::Tfconciliapat() : Pantalla("Tfconciliapat", "Conciliación Patrimonial") {
-    constexpr const char* kImporte = "#,###.00";
     CConcilia.texto("CUENTA", 20);
     CConcilia.texto("NOMBRE", 60);
     CConcilia.texto("CUENTANIIF", 20);
@@ -29,7 +27,7 @@ void Tfconciliapat::construya() {
     EMes = new ListaTecleo;
     EMes->setObjectName("EMes");
     EMes->addItem("Apertura del año");
-    for (int mes = 0; mes < kAjustes; ++mes)
+    for (int mes = 0; mes < kMesAjustes; ++mes)
         EMes->addItem(Tfdm::nombres_periodo()[mes]);
     LNivel = new QLabel;
     LNivel->setObjectName("LNivel");
@@ -82,7 +80,7 @@ void Tfconciliapat::FormCreate() {
     nivel_ = qMin(kNivelInicial, nivel_maximo_);
     const auto p = peticion<AbreConciliacion>();
     EAno->setValue((p.ano.isEmpty() ? fdmcnt().ano_actual : p.ano).toInt());
-    EMes->setCurrentIndex(p.apertura ? 0 : qMin(fdmcnt().periodo_actual + 1, kAjustes));
+    EMes->setCurrentIndex(p.apertura ? 0 : qMin(fdmcnt().periodo_actual + 1, kMesAjustes));
     actualice_balance();
     DBGridEh1->setFocus();
 }

@@ -5,7 +5,6 @@
 
 Tfmovbalapniif::Tfmovbalapniif()
     : Pantalla("Tfmovbalapniif", "Movimiento balance de apertura NIIF") {
-    constexpr const char* kImporte = "#,###.00";
     CMovimiento.texto("CUEN_COD", 20);
     CMovimiento.decimal("APND_SALDOINI").formato(kImporte);
     CMovimiento.texto("APND_CONCEPTO", 60);

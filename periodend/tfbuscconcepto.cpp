@@ -5,28 +5,28 @@
 
 namespace {
 
-const DatosLista kDatos{.clase = "Tfbuscconcepto",
-                        .titulo = "Conceptos de registros automáticos",
-                        .conjunto = "CConceptos",
-                        .consulta = "select * from conceptos ",
-                        .filtros = {{"ENom", "N&ombre", "conc_nom", 60}},
-                        .orden = "order by conc_nom",
-                        .columnas = {{"CONC_COD", "Código", 8},
-                                     {"CONC_NOM", "Nombre", 44},
-                                     {"CONC_CTACIERRE", "Cuenta de cierre", 16},
-                                     {"CONC_VENCE", "Vigencia", 9, Casilla},
-                                     {"CONC_ANOINI", "Desde", 7},
-                                     {"CONC_ANOFIN", "Hasta", 7}},
-                        .archivo = "Conceptos",
-                        .nuevo = "Tfnvoconcepto",
-                        .pregunta = "Desea borrar definitivamente el concepto ",
-                        .nombra = {"CONC_NOM"},
-                        .borrado = "delete from conceptos where conc_cod = ",
-                        .llave = "CONC_COD"};
+const DatosLista kDatosBuscconcepto{.clase = "Tfbuscconcepto",
+                                    .titulo = "Conceptos de registros automáticos",
+                                    .conjunto = "CConceptos",
+                                    .consulta = "select * from conceptos ",
+                                    .filtros = {{"ENom", "N&ombre", "conc_nom", 60}},
+                                    .orden = "order by conc_nom",
+                                    .columnas = {{"CONC_COD", "Código", 8},
+                                                 {"CONC_NOM", "Nombre", 44},
+                                                 {"CONC_CTACIERRE", "Cuenta de cierre", 16},
+                                                 {"CONC_VENCE", "Vigencia", 9, Casilla},
+                                                 {"CONC_ANOINI", "Desde", 7},
+                                                 {"CONC_ANOFIN", "Hasta", 7}},
+                                    .archivo = "Conceptos",
+                                    .nuevo = "Tfnvoconcepto",
+                                    .pregunta = "Desea borrar definitivamente el concepto ",
+                                    .nombra = {"CONC_NOM"},
+                                    .borrado = "delete from conceptos where conc_cod = ",
+                                    .llave = "CONC_COD"};
 
 } // namespace
 
-Tfbuscconcepto::Tfbuscconcepto() : ListaProceso(kDatos) {}
+Tfbuscconcepto::Tfbuscconcepto() : ListaProceso(kDatosBuscconcepto) {}
 
 void Tfbuscconcepto::botones_propios(BarraBotones& barra) {
     if (trae<PideConceptoAutomatico>())

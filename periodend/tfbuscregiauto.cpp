@@ -5,26 +5,26 @@
 
 namespace {
 
-const DatosLista kDatos{.clase = "Tfbuscregiauto",
-                        .titulo = "Registros automáticos",
-                        .conjunto = "CRegistros",
-                        .consulta = "select * from registro_automatico ",
-                        .filtros = {{"ENom", "N&ombre", "reau_nom", 60}},
-                        .orden = "order by reau_nom",
-                        .columnas = {{"REAU_COD", "Código", 8},
-                                     {"REAU_NOM", "Nombre", 50},
-                                     {"TICO_COD", "Tipo", 6},
-                                     {"PRCO_PREF", "Prefijo", 8}},
-                        .archivo = "RegistroAuto",
-                        .nuevo = "Tfnvoregiauto",
-                        .pregunta = "Desea borrar definitivamente el registro ",
-                        .nombra = {"REAU_NOM"},
-                        .borrado = "delete from registro_automatico where reau_cod = ",
-                        .llave = "REAU_COD"};
+const DatosLista kDatosBuscregiauto{.clase = "Tfbuscregiauto",
+                                    .titulo = "Registros automáticos",
+                                    .conjunto = "CRegistros",
+                                    .consulta = "select * from registro_automatico ",
+                                    .filtros = {{"ENom", "N&ombre", "reau_nom", 60}},
+                                    .orden = "order by reau_nom",
+                                    .columnas = {{"REAU_COD", "Código", 8},
+                                                 {"REAU_NOM", "Nombre", 50},
+                                                 {"TICO_COD", "Tipo", 6},
+                                                 {"PRCO_PREF", "Prefijo", 8}},
+                                    .archivo = "RegistroAuto",
+                                    .nuevo = "Tfnvoregiauto",
+                                    .pregunta = "Desea borrar definitivamente el registro ",
+                                    .nombra = {"REAU_NOM"},
+                                    .borrado = "delete from registro_automatico where reau_cod = ",
+                                    .llave = "REAU_COD"};
 
 } // namespace
 
-Tfbuscregiauto::Tfbuscregiauto() : ListaProceso(kDatos) {}
+Tfbuscregiauto::Tfbuscregiauto() : ListaProceso(kDatosBuscregiauto) {}
 
 void Tfbuscregiauto::botones_propios(BarraBotones& barra) {
     barra.boton("SBEjecutar", "F6:Ejecutar", "system-run", Qt::Key_F6,

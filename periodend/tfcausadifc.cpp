@@ -6,7 +6,7 @@
 
 namespace {
 
-const DatosProceso kDatos{
+const DatosProceso kDatosCausadifc{
     .clase = "Tfcausadifc",
     .titulo = "Causar diferencia en cambio",
     .fecha = "FECHA",
@@ -18,7 +18,8 @@ const DatosProceso kDatos{
 
 } // namespace
 
-Tfcausadifc::Tfcausadifc() : FormaConCuenta(kDatos, SinArmar{}), CDiferencia(this, "CDiferencia") {
+Tfcausadifc::Tfcausadifc()
+    : FormaConCuenta(kDatosCausadifc, SinArmar{}), CDiferencia(this, "CDiferencia") {
     CProceso.decimal("TRM", 4).tasa().requerido().etiqueta("TRM").formato("#,##0.00##");
     CDiferencia.texto("PREFIJO", 4);
     CDiferencia.texto("NUMERO", 10);

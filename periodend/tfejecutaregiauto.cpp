@@ -9,16 +9,16 @@
 
 namespace {
 
-const DatosProceso kDatos{.clase = "Tfejecutaregiauto",
-                          .titulo = "Ejecutar registro automático",
-                          .fecha = "FECHA",
-                          .concepto = "CONCEPTO",
-                          .referencia = "REFERENCIA"};
+const DatosProceso kDatosEjecutaRegiauto{.clase = "Tfejecutaregiauto",
+                                         .titulo = "Ejecutar registro automático",
+                                         .fecha = "FECHA",
+                                         .concepto = "CONCEPTO",
+                                         .referencia = "REFERENCIA"};
 
 } // namespace
 
 Tfejecutaregiauto::Tfejecutaregiauto()
-    : FormaProceso(kDatos, SinArmar{}), QVista(this, "QVista", fdm().Quorvex),
+    : FormaProceso(kDatosEjecutaRegiauto, SinArmar{}), QVista(this, "QVista", fdm().Quorvex),
       PVista(this, "PVista", &QVista, poAllowCommandText), CVista(this, "CVista", &PVista) {
     CProceso.decimal("PORC", 4).tasa().etiqueta("Porcentaje").formato("#,##0.####");
     CVista.entero("ORDEN");

@@ -5,7 +5,6 @@
 #include <QSpinBox>
 
 namespace {
-constexpr const char* kImporte = "#,###.00";
 constexpr int kDeDetalle = 99; ///< NIVEL de los terceros y los centros de una cuenta
 } // namespace
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-const DatosRango kDatos{
+const DatosRango kDatosCambiopatr{
     "Tfcambiopatr", "Estados de cambios", {382, 190}, "estados.rav", "", "CBalance", "", 123, {}};
 
 struct EstadoCambio {
@@ -32,7 +32,7 @@ const EstadoCambio& estado(const QString& tipo) {
 
 } // namespace
 
-Tfcambiopatr::Tfcambiopatr() : FormaEstado(kDatos), LTitulo(new QLabel(this)) {
+Tfcambiopatr::Tfcambiopatr() : FormaEstado(kDatosCambiopatr), LTitulo(new QLabel(this)) {
     LTitulo->setObjectName("LTitulo");
     LTitulo->setAlignment(Qt::AlignCenter);
     auto* configurar = new QPushButton("&Configuración", this);

@@ -5,7 +5,6 @@
 Tfcataactivos::Tfcataactivos()
     : FormaCatalogo("Tfcataactivos", "Catálogo de activos fijos", "RActivos", "CActivos",
                     {"Código", "acfj_cod"}, {"Descripción", "acfj_desc"}, ClaseRango::Codigo) {
-    constexpr const char* kImporte = "#,###.00";
     ConjuntoDatos& c = CAuxiliar;
     c.texto("ACFJ_COD", 15).etiqueta("Código");
     c.texto("ACFJ_DESC", 60).etiqueta("Descripción");

@@ -5,21 +5,22 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngauxiliarcent",
-                        "Auxiliar por centro",
-                        {382, 389},
-                        "auxiliares.rav",
-                        "RAuxiliarcent",
-                        "CAuxiliar",
-                        "RepAuxCentro",
-                        116,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
-                         {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
-                         {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"},
-                         {"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"}}};
+const DatosRango kDatosRngauxiliarcent{
+    "Tfrngauxiliarcent",
+    "Auxiliar por centro",
+    {382, 389},
+    "auxiliares.rav",
+    "RAuxiliarcent",
+    "CAuxiliar",
+    "RepAuxCentro",
+    116,
+    {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
+     {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
+     {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"},
+     {"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"}}};
 }
 
-Tfrngauxiliarcent::Tfrngauxiliarcent() : FormaRango(kDatos) {
+Tfrngauxiliarcent::Tfrngauxiliarcent() : FormaRango(kDatosRngauxiliarcent) {
     defina_auxiliar(CAuxiliar);
     defina_columnas(CAuxiliar, {"NOMPROY", "NOMCENT"});
     CAuxiliar.texto("CTAPROY", 24).etiqueta("Cuenta y proyecto");

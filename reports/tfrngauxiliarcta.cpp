@@ -6,21 +6,22 @@
 #include <QLineEdit>
 
 namespace {
-const DatosRango kDatos{"Tfrngauxiliarcta",
-                        "Auxiliar por cuenta",
-                        {382, 345},
-                        "auxiliares.rav",
-                        "RAuxiliarcta",
-                        "CAuxiliar",
-                        "RepAuxCta",
-                        116,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
-                         {"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"},
-                         {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
-                         {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"}}};
+const DatosRango kDatosRngauxiliarcta{
+    "Tfrngauxiliarcta",
+    "Auxiliar por cuenta",
+    {382, 345},
+    "auxiliares.rav",
+    "RAuxiliarcta",
+    "CAuxiliar",
+    "RepAuxCta",
+    116,
+    {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
+     {"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"},
+     {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
+     {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"}}};
 }
 
-Tfrngauxiliarcta::Tfrngauxiliarcta() : FormaRango(kDatos) {
+Tfrngauxiliarcta::Tfrngauxiliarcta() : FormaRango(kDatosRngauxiliarcta) {
     defina_auxiliar(CAuxiliar);
     CAuxiliar.decimal("SALDO").etiqueta("Saldo").formato("#,###.00");
     CAuxiliar.texto("CATEGORIA", 4).etiqueta("Categoría");

@@ -6,22 +6,23 @@
 #include <QCollator>
 
 namespace {
-const DatosRango kDatos{"Tfrngauxiliarter",
-                        "Auxiliar por tercero",
-                        {382, 344},
-                        "auxiliares.rav",
-                        "RAuxiliarterc",
-                        "CAuxiliar",
-                        "RepAuxTerc",
-                        116,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
-                         {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero},
-                         {"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"},
-                         {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
-                         {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"}}};
+const DatosRango kDatosRngauxiliarter{
+    "Tfrngauxiliarter",
+    "Auxiliar por tercero",
+    {382, 344},
+    "auxiliares.rav",
+    "RAuxiliarterc",
+    "CAuxiliar",
+    "RepAuxTerc",
+    116,
+    {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
+     {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero},
+     {"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"},
+     {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
+     {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"}}};
 }
 
-Tfrngauxiliarter::Tfrngauxiliarter() : FormaRango(kDatos) {
+Tfrngauxiliarter::Tfrngauxiliarter() : FormaRango(kDatosRngauxiliarter) {
     defina_auxiliar(CAuxiliar);
     defina_columnas(CAuxiliar, {"NOMTERCERO"});
     CAuxiliar.texto("CUENTANIT", 40).etiqueta("Cuenta y NIT");

@@ -5,20 +5,20 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngbalanceacumulado",
-                        "Balance de prueba acumulado",
-                        {415, 315},
-                        "balances.rav",
-                        "RBalanceacumulado",
-                        "CBalance",
-                        "RepBalanAcu",
-                        123,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
-                         {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero}}};
+const DatosRango kDatosRngbalanceacumulado{"Tfrngbalanceacumulado",
+                                           "Balance de prueba acumulado",
+                                           {415, 315},
+                                           "balances.rav",
+                                           "RBalanceacumulado",
+                                           "CBalance",
+                                           "RepBalanAcu",
+                                           123,
+                                           {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
+                                            {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero}}};
 constexpr int kDiciembre = 12, kAjustes = 13;
 } // namespace
 
-Tfrngbalanceacumulado::Tfrngbalanceacumulado() : FormaEstado(kDatos) {
+Tfrngbalanceacumulado::Tfrngbalanceacumulado() : FormaEstado(kDatosRngbalanceacumulado) {
     CAuxiliar.texto("CODIGO", 30).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     defina_saldos();

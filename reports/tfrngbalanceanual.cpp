@@ -5,18 +5,18 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngbalanceanual",
-                        "Comparativo anual",
-                        {382, 255},
-                        "balances.rav",
-                        "RBalanceanual",
-                        "CBalance",
-                        "RepBalanAnu",
-                        123,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta}}};
+const DatosRango kDatosRngbalanceanual{"Tfrngbalanceanual",
+                                       "Comparativo anual",
+                                       {382, 255},
+                                       "balances.rav",
+                                       "RBalanceanual",
+                                       "CBalance",
+                                       "RepBalanAnu",
+                                       123,
+                                       {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta}}};
 }
 
-Tfrngbalanceanual::Tfrngbalanceanual() : FormaEstado(kDatos) {
+Tfrngbalanceanual::Tfrngbalanceanual() : FormaEstado(kDatosRngbalanceanual) {
     CAuxiliar.texto("CODIGO", 41).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     importe("INICIAL", "Saldo inicial");

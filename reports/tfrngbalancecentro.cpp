@@ -6,20 +6,21 @@
 #include <QGroupBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngbalancecentro",
-                        "Balance centros",
-                        {382, 283},
-                        "balances.rav",
-                        "RBalcentros",
-                        "CBalcentros",
-                        "RepBalanCentr",
-                        123,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta, ""},
-                         {"ECenIni", "ECenFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
-                         {"ESubcIni", "ESubcfin", "Centros", ClaseRango::Centro, "", "zz"}}};
+const DatosRango kDatosRngbalancecentro{
+    "Tfrngbalancecentro",
+    "Balance centros",
+    {382, 283},
+    "balances.rav",
+    "RBalcentros",
+    "CBalcentros",
+    "RepBalanCentr",
+    123,
+    {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta, ""},
+     {"ECenIni", "ECenFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
+     {"ESubcIni", "ESubcfin", "Centros", ClaseRango::Centro, "", "zz"}}};
 }
 
-Tfrngbalancecentro::Tfrngbalancecentro() : FormaConCentros(kDatos) {
+Tfrngbalancecentro::Tfrngbalancecentro() : FormaConCentros(kDatosRngbalancecentro) {
     defina_columnas(false);
     Formulario f(this);
     f.fila("Período:", cree_periodo());

@@ -5,18 +5,18 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngbalancecomparativo",
-                        "Compara dos periodos",
-                        {382, 298},
-                        "balances.rav",
-                        "RBalancecomparativo",
-                        "CBalance",
-                        "RepBalanComp",
-                        123,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta}}};
+const DatosRango kDatosRngbalancecomparativo{"Tfrngbalancecomparativo",
+                                             "Compara dos periodos",
+                                             {382, 298},
+                                             "balances.rav",
+                                             "RBalancecomparativo",
+                                             "CBalance",
+                                             "RepBalanComp",
+                                             123,
+                                             {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta}}};
 }
 
-Tfrngbalancecomparativo::Tfrngbalancecomparativo() : FormaEstado(kDatos) {
+Tfrngbalancecomparativo::Tfrngbalancecomparativo() : FormaEstado(kDatosRngbalancecomparativo) {
     CAuxiliar.texto("CUENTA", 41).etiqueta("Cuenta");
     CAuxiliar.texto("NOM_CUENTA", 60).etiqueta("Nombre de la cuenta");
     CAuxiliar.texto("NIT", 20).etiqueta("NIT");

@@ -4,24 +4,25 @@
 
 namespace {
 
-const DatosRango kDatos{"Tfrngbalanceconsol",
-                        "Balance consolidado",
-                        {420, 260},
-                        "balances.rav",
-                        "RBalance",
-                        "CBalance",
-                        "RepBalanCta",
-                        153,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta}}};
+const DatosRango kDatosRngbalanceconsol{"Tfrngbalanceconsol",
+                                        "Balance consolidado",
+                                        {420, 260},
+                                        "balances.rav",
+                                        "RBalance",
+                                        "CBalance",
+                                        "RepBalanCta",
+                                        153,
+                                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta}}};
 
-const QVector<VarianteConsolidado> kVariantes{
+const QVector<VarianteConsolidado> kVariantesRngbalanceconsol{
     {"G", "Balance General consolidado", "Balancegeneral", "Balance General Consolidado"},
     {"D", "Balance detallado consolidado", "Balancedetallado", "Balance Detallado Consolidado"},
     {"P", "Balance de prueba consolidado", "Balanceprueba", "Balance de Prueba Consolidado"}};
 
 } // namespace
 
-Tfrngbalanceconsol::Tfrngbalanceconsol() : FormaConsolidado(kDatos, kVariantes) {
+Tfrngbalanceconsol::Tfrngbalanceconsol()
+    : FormaConsolidado(kDatosRngbalanceconsol, kVariantesRngbalanceconsol) {
     CAuxiliar.texto("CODIGO", 20).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     defina_saldos();

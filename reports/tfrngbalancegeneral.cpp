@@ -6,7 +6,7 @@
 
 namespace {
 
-const DatosRango kDatos{
+const DatosRango kDatosRngbalancegeneral{
     "Tfrngbalancegeneral", "Balance",  {382, 235},
     "balances.rav",        "RBalance", "CBalance",
     "RepBalanCta",         123,        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta}}};
@@ -14,21 +14,21 @@ const DatosRango kDatos{
 struct Variante {
     const char *tipo, *ventana, *reporte, *niif;
 };
-constexpr Variante kVariantes[]{
+constexpr Variante kVariantesRngbalancegeneral[]{
     {"G", "Balance General", "Balancegeneral", "Estado de Situación Financiera"},
     {"D", "Balance detallado", "Balancedetallado", "Balance Detallado por Cuenta NIIF"},
     {"P", "Balance de prueba", "Balanceprueba", "Balance de Prueba NIIF"}};
 
 const Variante& variante(const QString& tipo) {
-    for (const Variante& v : kVariantes)
+    for (const Variante& v : kVariantesRngbalancegeneral)
         if (tipo == QLatin1String(v.tipo))
             return v;
-    return kVariantes[2];
+    return kVariantesRngbalancegeneral[2];
 }
 
 } // namespace
 
-Tfrngbalancegeneral::Tfrngbalancegeneral() : FormaEstado(kDatos) {
+Tfrngbalancegeneral::Tfrngbalancegeneral() : FormaEstado(kDatosRngbalancegeneral) {
     CAuxiliar.texto("CODIGO", 20).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     defina_saldos();

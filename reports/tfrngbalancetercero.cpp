@@ -5,19 +5,20 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngbalancetercero",
-                        "Balance terceros",
-                        {382, 283},
-                        "balances.rav",
-                        "RBalterceros",
-                        "CBalterceros",
-                        "RepBalanTerc",
-                        123,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta, ""},
-                         {"ENitIni", "ENitFin", "Terceros", ClaseRango::Tercero, ""}}};
+const DatosRango kDatosRngbalancetercero{
+    "Tfrngbalancetercero",
+    "Balance terceros",
+    {382, 283},
+    "balances.rav",
+    "RBalterceros",
+    "CBalterceros",
+    "RepBalanTerc",
+    123,
+    {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta, ""},
+     {"ENitIni", "ENitFin", "Terceros", ClaseRango::Tercero, ""}}};
 }
 
-Tfrngbalancetercero::Tfrngbalancetercero() : FormaConTerceros(kDatos) {
+Tfrngbalancetercero::Tfrngbalancetercero() : FormaConTerceros(kDatosRngbalancetercero) {
     defina_columnas(true);
     Formulario f(this);
     f.fila("Período:", cree_periodo());

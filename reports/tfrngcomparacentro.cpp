@@ -5,7 +5,7 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{
+const DatosRango kDatosRngcomparacentro{
     "Tfrngcomparacentro",
     "Comparativo centros",
     {382, 312},
@@ -19,7 +19,7 @@ const DatosRango kDatos{
      {"ECenIni", "ECenFin", "Centros", ClaseRango::Centro, "", "", UsoPar::DosValores}}};
 }
 
-Tfrngcomparacentro::Tfrngcomparacentro() : FormaEstado(kDatos) {
+Tfrngcomparacentro::Tfrngcomparacentro() : FormaEstado(kDatosRngcomparacentro) {
     CAuxiliar.texto("CUENTA", 20).etiqueta("Cuenta");
     CAuxiliar.texto("NOM_CUENTA", 60).etiqueta("Nombre de la cuenta");
     CAuxiliar.texto("NOM_CENTRO", 60).etiqueta("Centros");

@@ -5,19 +5,19 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngcomprodiario",
-                        "Diario detallado",
-                        {400, 264},
-                        "auxiliares.rav",
-                        "RComprodia",
-                        "CAuxiliar",
-                        "RepCompDiar",
-                        116,
-                        {{"ECtaIni", "ECtaFin", "Cuentas", ClaseRango::Cuenta},
-                         {"TipoDesde", "TipoHasta", "Tipos", ClaseRango::Tipo}}};
+const DatosRango kDatosRngcomprodiario{"Tfrngcomprodiario",
+                                       "Diario detallado",
+                                       {400, 264},
+                                       "auxiliares.rav",
+                                       "RComprodia",
+                                       "CAuxiliar",
+                                       "RepCompDiar",
+                                       116,
+                                       {{"ECtaIni", "ECtaFin", "Cuentas", ClaseRango::Cuenta},
+                                        {"TipoDesde", "TipoHasta", "Tipos", ClaseRango::Tipo}}};
 }
 
-Tfrngcomprodiario::Tfrngcomprodiario() : FormaRango(kDatos) {
+Tfrngcomprodiario::Tfrngcomprodiario() : FormaRango(kDatosRngcomprodiario) {
     defina_columnas(CAuxiliar, {"CUENTA", "TIPOCOMP", "NOMCOMP", "PREFIJO", "NUMERO", "FECHA",
                                 "DEBITOS", "CREDITOS", "NOMCUENTA", "CONCEPTO", "REFER"});
 

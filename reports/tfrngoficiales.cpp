@@ -8,7 +8,7 @@
 namespace {
 
 // Cada extremo de los tipos vale por sí solo: ninguno se completa con el otro.
-const DatosRango kDatos{
+const DatosRango kDatosRngoficiales{
     "Tfrngoficiales",
     "Libros oficiales",
     {382, 260},
@@ -38,7 +38,7 @@ const LibroOficial& libro(const QString& tipo) {
 
 } // namespace
 
-Tfrngoficiales::Tfrngoficiales() : FormaEstado(kDatos) {}
+Tfrngoficiales::Tfrngoficiales() : FormaEstado(kDatosRngoficiales) {}
 
 void Tfrngoficiales::FormCreate() {
     const LibroOficial& l = libro(tipo());

@@ -8,17 +8,17 @@
 
 namespace {
 
-const DatosRango kDatos{"Tfrngresulconsol",
-                        "Resultados consolidados",
-                        {420, 230},
-                        "resultados.rav",
-                        "RResultados",
-                        "CResultado",
-                        "RepResulGene",
-                        153,
-                        {}};
+const DatosRango kDatosRngresulconsol{"Tfrngresulconsol",
+                                      "Resultados consolidados",
+                                      {420, 230},
+                                      "resultados.rav",
+                                      "RResultados",
+                                      "CResultado",
+                                      "RepResulGene",
+                                      153,
+                                      {}};
 
-const QVector<VarianteConsolidado> kVariantes{
+const QVector<VarianteConsolidado> kVariantesRngresulconsol{
     {"G", "Estado de resultados consolidado", "Resultadogeneral",
      "Estado de Resultados Consolidado"},
     {"D", "Resultados detallado consolidado", "Resultadodetallado",
@@ -32,7 +32,8 @@ bool es_operacional(const QString& codigo) {
 
 } // namespace
 
-Tfrngresulconsol::Tfrngresulconsol() : FormaConsolidado(kDatos, kVariantes) {
+Tfrngresulconsol::Tfrngresulconsol()
+    : FormaConsolidado(kDatosRngresulconsol, kVariantesRngresulconsol) {
     CAuxiliar.texto("CODIGO", 20).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     defina_saldos();

@@ -5,18 +5,18 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngresulgeneral",
-                        "Estado de resultados",
-                        {382, 184},
-                        "resultados.rav",
-                        "RResultados",
-                        "CResultado",
-                        "RepResulGene",
-                        123,
-                        {}};
+const DatosRango kDatosRngresulgeneral{"Tfrngresulgeneral",
+                                       "Estado de resultados",
+                                       {382, 184},
+                                       "resultados.rav",
+                                       "RResultados",
+                                       "CResultado",
+                                       "RepResulGene",
+                                       123,
+                                       {}};
 }
 
-Tfrngresulgeneral::Tfrngresulgeneral() : FormaEstado(kDatos) {
+Tfrngresulgeneral::Tfrngresulgeneral() : FormaEstado(kDatosRngresulgeneral) {
     CAuxiliar.texto("CODIGO", 20).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     defina_saldos();

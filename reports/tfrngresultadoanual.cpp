@@ -5,18 +5,18 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngresultadoanual",
-                        "Resultado Anual",
-                        {382, 148},
-                        "Resultados.rav",
-                        "RResulanual",
-                        "CBalance",
-                        "ResultadoAnu",
-                        123,
-                        {}};
+const DatosRango kDatosRngresultadoanual{"Tfrngresultadoanual",
+                                         "Resultado Anual",
+                                         {382, 148},
+                                         "Resultados.rav",
+                                         "RResulanual",
+                                         "CBalance",
+                                         "ResultadoAnu",
+                                         123,
+                                         {}};
 }
 
-Tfrngresultadoanual::Tfrngresultadoanual() : FormaEstado(kDatos) {
+Tfrngresultadoanual::Tfrngresultadoanual() : FormaEstado(kDatosRngresultadoanual) {
     CAuxiliar.texto("CODIGO", 20).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     CAuxiliar.entero("NIVEL").etiqueta("Nivel");

@@ -6,19 +6,20 @@
 #include <QGroupBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngresultadocentro",
-                        "Resultados centros",
-                        {382, 249},
-                        "resultados.rav",
-                        "RResulcentro",
-                        "CResulcentro",
-                        "RepResulCentr",
-                        123,
-                        {{"ECenIni", "ECenFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
-                         {"ESubcIni", "ESubcfin", "Centros", ClaseRango::Centro, "", "zz"}}};
+const DatosRango kDatosRngresultadocentro{
+    "Tfrngresultadocentro",
+    "Resultados centros",
+    {382, 249},
+    "resultados.rav",
+    "RResulcentro",
+    "CResulcentro",
+    "RepResulCentr",
+    123,
+    {{"ECenIni", "ECenFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
+     {"ESubcIni", "ESubcfin", "Centros", ClaseRango::Centro, "", "zz"}}};
 }
 
-Tfrngresultadocentro::Tfrngresultadocentro() : FormaConCentros(kDatos) {
+Tfrngresultadocentro::Tfrngresultadocentro() : FormaConCentros(kDatosRngresultadocentro) {
     defina_columnas(true);
     deje_solo_resultados(CAuxiliar);
     Formulario f(this);

@@ -5,18 +5,19 @@
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngresultadotercero",
-                        "Resultados terceros",
-                        {382, 230},
-                        "resultados.rav",
-                        "RResulterceros",
-                        "CResultercero",
-                        "RepResulTerc",
-                        123,
-                        {{"ENitIni", "ENitFin", "Terceros", ClaseRango::Tercero, ""}}};
+const DatosRango kDatosRngresultadotercero{
+    "Tfrngresultadotercero",
+    "Resultados terceros",
+    {382, 230},
+    "resultados.rav",
+    "RResulterceros",
+    "CResultercero",
+    "RepResulTerc",
+    123,
+    {{"ENitIni", "ENitFin", "Terceros", ClaseRango::Tercero, ""}}};
 }
 
-Tfrngresultadotercero::Tfrngresultadotercero() : FormaConTerceros(kDatos) {
+Tfrngresultadotercero::Tfrngresultadotercero() : FormaConTerceros(kDatosRngresultadotercero) {
     defina_columnas(false);
     deje_solo_resultados(CAuxiliar);
     Formulario f(this);

@@ -3,23 +3,23 @@
 #include "sesion/tfdm.h"
 
 namespace {
-TfdmArt* unico_ = nullptr;
+TfdmArt* unico_art_ = nullptr;
 }
 
 TfdmArt& fdmArt() {
-    Q_ASSERT(unico_);
-    return *unico_;
+    Q_ASSERT(unico_art_);
+    return *unico_art_;
 }
 
 TfdmArt::TfdmArt()
     : TArticulo(this, "TArticulo", fdm().Quorvex, "SELECT * FROM ARTICULO WHERE ARTI_COD = :COD"),
       QArticulos(this, "QArticulos", fdm().Quorvex), QConsulta(this, "QConsulta", fdm().Quorvex) {
     setObjectName("TfdmArt");
-    unico_ = this;
+    unico_art_ = this;
 }
 
 TfdmArt::~TfdmArt() {
-    unico_ = nullptr;
+    unico_art_ = nullptr;
 }
 
 namespace {

@@ -7,7 +7,7 @@
 #include "toolkit/barraestado.h"
 
 namespace {
-Tfdmcnt* unico_ = nullptr;
+Tfdmcnt* unico_cnt_ = nullptr;
 constexpr int kBorrarComprobante = 32;
 
 /// Los dos libros están cerrados a la fecha del comprobante: con uno abierto todavía se cambia, y
@@ -27,8 +27,8 @@ QString cierre_de_los_dos(qint64 id, const AjustesLibro& ajustes) {
 } // namespace
 
 Tfdmcnt& fdmcnt() {
-    Q_ASSERT(unico_);
-    return *unico_;
+    Q_ASSERT(unico_cnt_);
+    return *unico_cnt_;
 }
 
 Tfdmcnt::Tfdmcnt()
@@ -67,7 +67,7 @@ Tfdmcnt::Tfdmcnt()
       CConsultas(this, "CConsultas", &PConsultas), CPadre(this, "CPadre", &PPadre),
       CSaldocta(this, "CSaldocta", &PSaldocta) {
     setObjectName("Tfdmcnt");
-    unico_ = this;
+    unico_cnt_ = this;
     TComprDetalle.enlace_maestra(&TComprobantes, {"ENCO_CONSEC"});
     TCompniif.enlace_maestra(&TComprobantes, {"ENCO_CONSEC"});
     TNormadet.enlace_maestra(&TNorma, {"NNIF_ID"});
@@ -79,7 +79,7 @@ Tfdmcnt::Tfdmcnt()
 }
 
 Tfdmcnt::~Tfdmcnt() {
-    unico_ = nullptr;
+    unico_cnt_ = nullptr;
 }
 
 // ---------------------------------------------------------------- período

@@ -5,12 +5,12 @@
 #include "sesion/tfdm.h"
 
 namespace {
-Tfdmter* unico_ = nullptr;
+Tfdmter* unico_ter_ = nullptr;
 }
 
 Tfdmter& fdmter() {
-    Q_ASSERT(unico_);
-    return *unico_;
+    Q_ASSERT(unico_ter_);
+    return *unico_ter_;
 }
 
 Tfdmter::Tfdmter()
@@ -23,12 +23,12 @@ Tfdmter::Tfdmter()
       PConsulta(this, "PConsulta", &QBorrarter, poAllowCommandText),
       CConsulta(this, "CConsulta", &PConsulta) {
     setObjectName("Tfdmter");
-    unico_ = this;
+    unico_ter_ = this;
     fdm().ConfigurarProviders(this);
 }
 
 Tfdmter::~Tfdmter() {
-    unico_ = nullptr;
+    unico_ter_ = nullptr;
 }
 
 bool Tfdmter::existe_nit(const QString& nit) {

@@ -9,8 +9,9 @@ namespace {
 constexpr int kCadencia = 200; ///< renglones entre dos avisos de avance
 constexpr int kTotales = 51;   ///< el artículo que no lleva terceros
 
-const QStringList kTercero{"MMDD_TIPODOC", "MMDD_NIT",   "MMDD_NOMBRE",      "MMDD_DIRECCION",
-                           "MMDD_TEL",     "MMDD_EMAIL", "MMDD_CODMUNICIPIO"};
+const QStringList kTerceroMedio_distrital{"MMDD_TIPODOC",     "MMDD_NIT", "MMDD_NOMBRE",
+                                          "MMDD_DIRECCION",   "MMDD_TEL", "MMDD_EMAIL",
+                                          "MMDD_CODMUNICIPIO"};
 const QStringList kLugar{"MMDD_NOMMUNICIPIO", "MMDD_NOMDEPTO"};
 const QStringList kRetencion{"MMDD_BASE", "MMDD_TARIFA", "MMDD_MONTO"};
 
@@ -77,7 +78,7 @@ ResultadoMedio escriba_renglones(const QString& ruta,
 QStringList columnas_articulo(int articulo) {
     if (articulo == kTotales)
         return {"MMDD_ITEM", "MMDD_MONTO"};
-    return kTercero + propias(articulo);
+    return kTerceroMedio_distrital + propias(articulo);
 }
 
 QString renglon_articulo(int articulo, const QString& ano, const FilasMedio& fila) {

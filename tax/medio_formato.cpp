@@ -5,14 +5,14 @@ namespace {
 using A = AtributoMedio;
 
 const QVector<A> kConcepto{{"cpt", "MEMG_CONCEPTO"}};
-const QVector<A> kTercero{{"tdoc", "MEMG_TIPODOC"},
-                          {"nid", "MEMG_NIT"},
-                          {"dv", "MEMG_DV", A::Digito},
-                          {"apl1", "MEMG_APELLIDO1", A::Lleno},
-                          {"apl2", "MEMG_APELLIDO2", A::Lleno},
-                          {"nom1", "MEMG_NOMBRE1", A::Lleno},
-                          {"nom2", "MEMG_NOMBRE2", A::Lleno},
-                          {"raz", "MEMG_RAZONSOCIAL", A::RazonSocial}};
+const QVector<A> kTerceroMedio_formato{{"tdoc", "MEMG_TIPODOC"},
+                                       {"nid", "MEMG_NIT"},
+                                       {"dv", "MEMG_DV", A::Digito},
+                                       {"apl1", "MEMG_APELLIDO1", A::Lleno},
+                                       {"apl2", "MEMG_APELLIDO2", A::Lleno},
+                                       {"nom1", "MEMG_NOMBRE1", A::Lleno},
+                                       {"nom2", "MEMG_NOMBRE2", A::Lleno},
+                                       {"raz", "MEMG_RAZONSOCIAL", A::RazonSocial}};
 const QVector<A> kDireccion{{"dir", "MEMG_DIRECCION"}, {"dpto", "MEMG_DEPARTAMENTO"}};
 const QVector<A> kMunicipioSolo{{"mcpo", "MEMG_MUNICIPIO"}};
 const QVector<A> kMunicipio{{"mun", "MEMG_MUNICIPIO", A::EnColombia}};
@@ -60,31 +60,32 @@ std::optional<FormatoMedio> formato_medio(int codigo, const QString& version) {
     };
     switch (codigo) {
     case 1001:
-        return formato("pagos", kConcepto + kTercero + kDomicilio + kPagos +
+        return formato("pagos", kConcepto + kTerceroMedio_formato + kDomicilio + kPagos +
                                     (version.toInt() >= 9 ? kCree : QVector<A>()));
     case 1002:
-        return formato("rets", kConcepto + kTercero + kDomicilio + dos("vabo", "vret"));
-    case 1003:
         return formato("rets",
-                       kConcepto + kTercero + kDireccion + kMunicipioSolo + dos("valor", "ret"));
+                       kConcepto + kTerceroMedio_formato + kDomicilio + dos("vabo", "vret"));
+    case 1003:
+        return formato("rets", kConcepto + kTerceroMedio_formato + kDireccion + kMunicipioSolo +
+                                   dos("valor", "ret"));
     case 1004:
         return formato("descuentos", kConcepto + dos("vpag", "vdes"));
     case 1005:
-        return formato("impventas", kTercero + dos("vimp", "ivade"));
+        return formato("impventas", kTerceroMedio_formato + dos("vimp", "ivade"));
     case 1006:
-        return formato("impoventas", kTercero + iva_generado(version));
+        return formato("impoventas", kTerceroMedio_formato + iva_generado(version));
     case 1007:
-        return formato("ingresos", kConcepto + kTercero + kPais + ingresos());
+        return formato("ingresos", kConcepto + kTerceroMedio_formato + kPais + ingresos());
     case 1008:
-        return formato("saldoscc", kConcepto + kTercero + kDomicilio + uno("sal"));
+        return formato("saldoscc", kConcepto + kTerceroMedio_formato + kDomicilio + uno("sal"));
     case 1009:
-        return formato("saldoscp", kConcepto + kTercero + kDomicilio + uno("sal"));
+        return formato("saldoscp", kConcepto + kTerceroMedio_formato + kDomicilio + uno("sal"));
     case 1010:
-        return formato("socios", kTercero + kDomicilio + dos("val", "vpar"));
+        return formato("socios", kTerceroMedio_formato + kDomicilio + dos("val", "vpar"));
     case 1011:
         return formato("decl", kConcepto + uno("sal"));
     case 1012:
-        return formato("dectri", kConcepto + kTercero + kPais + uno("val"));
+        return formato("dectri", kConcepto + kTerceroMedio_formato + kPais + uno("val"));
     default:
         return std::nullopt;
     }

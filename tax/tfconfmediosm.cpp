@@ -15,8 +15,9 @@
 namespace {
 
 /// Las columnas de cuentas, en el orden de la rejilla.
-constexpr std::array kCuentas{"MMCU_CUENTA",   "MMCU_CTARTF",   "MMCU_CTAIVA",     "MMCU_CTARTIVA",
-                              "MMCU_CTAIVAND", "MMCU_CTARCREE", "MMCU_CTARTCREEAS"};
+constexpr std::array kCuentasConfmediosm{"MMCU_CUENTA",     "MMCU_CTARTF",   "MMCU_CTAIVA",
+                                         "MMCU_CTARTIVA",   "MMCU_CTAIVAND", "MMCU_CTARCREE",
+                                         "MMCU_CTARTCREEAS"};
 
 /// Hasta cuál columna muestra un formato, y cómo titula las dos primeras si las cambia.
 struct RejillaFormato {
@@ -82,10 +83,10 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
     const char* const kTitulos[] = {"Cuentas",         "Cta.Rtfte", "Cta. IVA",     "Cta. RtIVA",
                                     "Cta.IVA No Des.", "Rt.CREE",   "Rt.CREE Asum."};
     QVector<DefinicionColumna> columnas;
-    for (std::size_t i = 0; i < kCuentas.size(); ++i) {
-        atienda_cuenta(*this, detalle_->texto(kCuentas[i], 20).etiqueta(kTitulos[i]),
+    for (std::size_t i = 0; i < kCuentasConfmediosm.size(); ++i) {
+        atienda_cuenta(*this, detalle_->texto(kCuentasConfmediosm[i], 20).etiqueta(kTitulos[i]),
                        existe_o_se_crea);
-        columnas << DefinicionColumna{kCuentas[i], kTitulos[i], 12};
+        columnas << DefinicionColumna{kCuentasConfmediosm[i], kTitulos[i], 12};
     }
     detalle_->texto("MMCU_NATUR", 1).etiqueta("Nat.");
     columnas << DefinicionColumna{"MMCU_NATUR", "Nat.", 16};
@@ -135,7 +136,7 @@ void Tfconfmediosm::FormCreate() {
 
 void Tfconfmediosm::muestre_columnas(int formato) {
     const RejillaFormato r = rejilla_de(formato);
-    for (int i = 1; i < int(kCuentas.size()); ++i)
+    for (int i = 1; i < int(kCuentasConfmediosm.size()); ++i)
         DBGridEh2->columna(i).Visible = i <= r.ultima;
     if (r.primera) {
         DBGridEh2->columna(0).Titulo = QString::fromUtf8(r.primera);
@@ -173,7 +174,7 @@ void Tfconfmediosm::CmmcuentasAfterInsert() {
 }
 
 void Tfconfmediosm::CmmcuentasBeforePost() {
-    for (const char* cuenta : kCuentas)
+    for (const char* cuenta : kCuentasConfmediosm)
         if (!detalle_->FieldByName(cuenta).vacio())
             return;
     detalle_->Cancel();

@@ -17,7 +17,7 @@
 #include <QSpinBox>
 
 namespace {
-const char* const kCuentas[] = {"MMDC_CUENTA", "MMDC_CTASALDO", "MMDC_CTADEV"};
+const char* const kCuentasMeddisctas[] = {"MMDC_CUENTA", "MMDC_CTASALDO", "MMDC_CTADEV"};
 }
 
 Tfmeddisctas::Consultas Tfmeddisctas::cree_consultas() {
@@ -100,7 +100,7 @@ void Tfmeddisctas::defina_campos() {
     detalle_->CampoConsecutivo = "MMDC_ITEM"; // dos usuarios pueden configurar a la vez
     const char* const rotulos[] = {"Cuenta Mov.", "Cuenta Saldo", "Cta. Devolución"};
     for (int i = 0; i < 3; ++i)
-        atienda_cuenta(*this, detalle_->texto(kCuentas[i], 20).etiqueta(rotulos[i]),
+        atienda_cuenta(*this, detalle_->texto(kCuentasMeddisctas[i], 20).etiqueta(rotulos[i]),
                        existe_o_se_crea);
 }
 
@@ -148,7 +148,7 @@ void Tfmeddisctas::CmmcuentasAfterInsert() {
 }
 
 void Tfmeddisctas::CmmcuentasBeforePost() {
-    for (const char* cuenta : kCuentas)
+    for (const char* cuenta : kCuentasMeddisctas)
         if (!detalle_->FieldByName(cuenta).vacio())
             return;
     detalle_->Cancel();

@@ -25,8 +25,9 @@
 
 namespace {
 
-const DatosFormaMedio kDatos{"Tfmediosmag13", "Medios magnéticos XML", "MEDIOS_MAGNETICOS_DATOS",
-                             "MEMG_ITEM", "Archivos XML|*.xml"};
+const DatosFormaMedio kDatosMediosmag13{"Tfmediosmag13", "Medios magnéticos XML",
+                                        "MEDIOS_MAGNETICOS_DATOS", "MEMG_ITEM",
+                                        "Archivos XML|*.xml"};
 constexpr int kPrimerValor = 13; ///< columna de la rejilla en que empiezan los importes
 constexpr int kValores = 11;
 constexpr int kNit = 31; ///< el tipo de documento que lleva dígito de verificación
@@ -34,11 +35,9 @@ constexpr int kNit = 31; ///< el tipo de documento que lleva dígito de verifica
 constexpr int kLetrasFormato = 24; ///< del nombre de un formato, las que siempre se ven
 constexpr int kLetrasMayor = 80;   ///< y de ahí no pasa, por ancha que sea la ventana
 
-const char* const kFormato = "#,##0.00";
-
 } // namespace
 
-Tfmediosmag13::Tfmediosmag13() : FormaMedio(kDatos) {
+Tfmediosmag13::Tfmediosmag13() : FormaMedio(kDatosMediosmag13) {
     auto* consulta = new Sentencia(this, "QFtomediosm", fdm().Quorvex,
                                    "select * from MEDIOSMAG_ARCHIVOS order by MEDM_ORDEN");
     auto* proveedor = new Proveedor(this, "PFtomediosm", consulta);
@@ -61,7 +60,7 @@ Tfmediosmag13::Tfmediosmag13() : FormaMedio(kDatos) {
          {"MEMG_PAGO", "MEMG_PAGOND", "MEMG_IVA", "MEMG_IVAND", "MEMG_RETENCION", "MEMG_RETEASUM",
           "MEMG_RETIVACOMUN", "MEMG_RETIVASIMP", "MEMG_RETIVAND", "MEMG_RETCREE", "MEMG_RASUMC"})
         columnas << DefinicionColumna{valor, CMedmagdata->FieldByName(valor).DisplayLabel, 15, Suma,
-                                      kFormato};
+                                      kImporteConCero};
     DBGridEh1->columnas(columnas);
     DBGridEh1->pie(true);
     CMedmagdata->AfterInsert = [this] { CMedmagdataAfterInsert(); };
@@ -110,7 +109,7 @@ void Tfmediosmag13::defina_campos() {
                                         {"MEMG_RETIVAND", "RTIVA_NODED"},
                                         {"MEMG_RETCREE", "Rt Cree"},
                                         {"MEMG_RASUMC", "RtCreeAsu"}})
-        c.decimal(campo).etiqueta(rotulo).formato(kFormato).defecto("0");
+        c.decimal(campo).etiqueta(rotulo).formato(kImporteConCero).defecto("0");
 }
 
 void Tfmediosmag13::arme_encabezado(Formulario& f) {

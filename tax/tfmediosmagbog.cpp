@@ -23,9 +23,9 @@
 
 namespace {
 
-const DatosFormaMedio kDatos{"Tfmediosmagbog", "Hacienda Bogotá", "MEDIOSMAG_DISTR_DATOS",
-                             "MMDD_ITEM", "Archivos CSV|*.csv"};
-const char* const kFormato = "#,##0.00";
+const DatosFormaMedio kDatosMediosmagbog{"Tfmediosmagbog", "Hacienda Bogotá",
+                                         "MEDIOSMAG_DISTR_DATOS", "MMDD_ITEM",
+                                         "Archivos CSV|*.csv"};
 constexpr int kLetrasDePais = 20;
 
 /// Las filas con lo que no está en la tabla: el nombre del país.
@@ -60,7 +60,7 @@ private:
 
 } // namespace
 
-Tfmediosmagbog::Tfmediosmagbog() : FormaMedio(kDatos) {
+Tfmediosmagbog::Tfmediosmagbog() : FormaMedio(kDatosMediosmagbog) {
     auto* consulta = new Sentencia(this, "QMeddist", fdm().Quorvex);
     CMeddist = new ConjuntoDatos(this, "CMeddist",
                                  new Proveedor(this, "PMeddist", consulta, poAllowCommandText));
@@ -121,7 +121,7 @@ void Tfmediosmagbog::defina_campos() {
                                         {"MMDD_MONTO", "Monto"},
                                         {"MMDD_DEVOL", "Devolución"},
                                         {"MMDD_SALDO", "Saldo"}})
-        c.decimal(campo).etiqueta(rotulo).formato(kFormato).defecto("0");
+        c.decimal(campo).etiqueta(rotulo).formato(kImporteConCero).defecto("0");
     c.fecha("MMDD_FECHA").etiqueta("Fecha");
     c.texto("MMDD_TIPODOC", 3).etiqueta("Doc.");
     c.texto("MMDD_DV", 1).etiqueta("DV");

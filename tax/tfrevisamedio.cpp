@@ -20,8 +20,6 @@
 
 namespace {
 
-const char* const kFormato = "#,##0.00";
-
 Rejilla* cree_rejilla(const QString& nombre, ConjuntoDatos* conjunto, const QString& titulo,
                       QSplitter* division) {
     auto* marco = new QGroupBox(titulo, division);
@@ -51,7 +49,7 @@ Tfrevisamedio::Tfrevisamedio() : Pantalla("Tfrevisamedio", "Revisión del medio 
     CCuadre->texto("NOMBRE", 60).etiqueta("Nombre");
     for (const auto& [campo, rotulo] :
          {std::pair{"ARCHIVO", "Archivo"}, {"LIBRO", "Libro"}, {"DIFERENCIA", "Diferencia"}})
-        CCuadre->decimal(campo).etiqueta(rotulo).formato(kFormato);
+        CCuadre->decimal(campo).etiqueta(rotulo).formato(kImporteConCero);
 
     LResumen = new QLabel(this);
     LResumen->setObjectName("LResumen");
@@ -76,9 +74,9 @@ Tfrevisamedio::Tfrevisamedio() : Pantalla("Tfrevisamedio", "Revisión del medio 
     DBGridEh2->columnas({{"CONCEPTO", "Concepto", 9},
                          {"CUENTA", "Cuenta", 12},
                          {"NOMBRE", "Nombre", 40},
-                         {"ARCHIVO", "Archivo", 17, Suma, kFormato},
-                         {"LIBRO", "Libro", 17, Suma, kFormato},
-                         {"DIFERENCIA", "Diferencia", 15, Suma, kFormato}});
+                         {"ARCHIVO", "Archivo", 17, Suma, kImporteConCero},
+                         {"LIBRO", "Libro", 17, Suma, kImporteConCero},
+                         {"DIFERENCIA", "Diferencia", 15, Suma, kImporteConCero}});
     DBGridEh2->pie(true);
     DBGridEh2->texto_vacio = "El formato no tiene conceptos con movimiento.";
     DBGridEh2->nombre_archivo = "CuadreMedio";

@@ -9,20 +9,21 @@
 #include <QLayout>
 
 namespace {
-const DatosRango kDatos{"Tfrngcertificadet",
-                        "Detalle certificado",
-                        {440, 266},
-                        "auxiliares.rav",
-                        "RCertificadet",
-                        "CAuxiliar",
-                        "Certificadet",
-                        133,
-                        {{"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"},
-                         {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
-                         {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"}}};
+const DatosRango kDatosRngcertificadet{
+    "Tfrngcertificadet",
+    "Detalle certificado",
+    {440, 266},
+    "auxiliares.rav",
+    "RCertificadet",
+    "CAuxiliar",
+    "Certificadet",
+    133,
+    {{"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"},
+     {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
+     {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"}}};
 }
 
-Tfrngcertificadet::Tfrngcertificadet() : FormaRango(kDatos) {
+Tfrngcertificadet::Tfrngcertificadet() : FormaRango(kDatosRngcertificadet) {
     CAuxiliar.texto("CUENTA", 20).etiqueta("Cuenta");
     CAuxiliar.texto("NOMCUENTA", 60).etiqueta("Categoría");
     CAuxiliar.texto("NIT", 20).etiqueta("NIT");

@@ -23,19 +23,20 @@
 
 namespace {
 
-const DatosRango kDatos{"Tfrngcertificados",
-                        "Certificados de retención",
-                        {600, 440},
-                        "auxiliares.rav",
-                        "RCertificados",
-                        "CAuxiliar",
-                        "Certificados",
-                        133,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
-                         {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero},
-                         {"EFecini", "Efecfin", "Fechas", ClaseRango::Fecha, "", "99991231"},
-                         {"PryIni", "PryFin", "Proyectos", ClaseRango::Proyecto},
-                         {"CenIni", "CenFin", "Centros", ClaseRango::Centro}}};
+const DatosRango kDatosRngcertificados{
+    "Tfrngcertificados",
+    "Certificados de retención",
+    {600, 440},
+    "auxiliares.rav",
+    "RCertificados",
+    "CAuxiliar",
+    "Certificados",
+    133,
+    {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
+     {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero},
+     {"EFecini", "Efecfin", "Fechas", ClaseRango::Fecha, "", "99991231"},
+     {"PryIni", "PryFin", "Proyectos", ClaseRango::Proyecto},
+     {"CenIni", "CenFin", "Centros", ClaseRango::Centro}}};
 
 struct Clase {
     const char *rotulo, *desde, *hasta, *reporte, *archivo;
@@ -73,7 +74,7 @@ void defina(ConjuntoDatos& c) {
 
 } // namespace
 
-Tfrngcertificados::Tfrngcertificados() : FormaRango(kDatos) {
+Tfrngcertificados::Tfrngcertificados() : FormaRango(kDatosRngcertificados) {
     defina(CAuxiliar);
     Formulario f(this);
     arme_encabezado(f);

@@ -12,10 +12,6 @@
 
 namespace {
 
-const AnchosRejilla& anchos_de(const Rejilla& r) {
-    return static_cast<EncabezadoRejilla*>(r.horizontalHeader())->anchos();
-}
-
 /// Las de una parte, que puede ser ella misma.
 QVector<const Rejilla*> rejillas_de(const QWidget& parte) {
     QVector<const Rejilla*> todas;

@@ -32,10 +32,6 @@ Pantalla* pantalla_en(QMdiSubWindow* ventana) {
     return marco ? marco->pantalla() : nullptr;
 }
 
-const AnchosRejilla& anchos_de(const Rejilla& r) {
-    return static_cast<EncabezadoRejilla*>(r.horizontalHeader())->anchos();
-}
-
 /// En ella se está digitando, y nada se mueve. La que abre en edición todavía no.
 bool se_digita(const Rejilla& r) {
     return r.digitando() || r.conjunto()->Modified();
@@ -70,7 +66,9 @@ int falta_a_los_cubos(const Pantalla& pantalla) {
 /// ventana.
 int ancho_que_falta(const QLineEdit& caja) {
     constexpr int kLetras = 70; // lo más largo es una nota, y se lee en su letrero
-    if (!caja.isReadOnly() || !caja.isVisible() || caja.maximumWidth() <= caja.width())
+    const bool crece = (caja.sizePolicy().horizontalPolicy() & QSizePolicy::GrowFlag) &&
+                       caja.maximumWidth() > caja.width();
+    if (!caja.isReadOnly() || !caja.isVisible() || !crece)
         return 0;
     const QFontMetrics medidas = caja.fontMetrics();
     const int aire = 2 * medidas.averageCharWidth();
@@ -148,23 +146,36 @@ bool digitando(const Pantalla& pantalla) {
 
 /// Lo que se consulta después de abrir la pantalla también se lee entero.
 void siga_ensanchando(QMdiSubWindow* ventana, QPointer<Pantalla> pantalla) {
-    // De a una, y lo que ella misma mueve no la vuelve a llamar: no acabaría nunca.
-    const auto en_curso = std::make_shared<bool>(false);
-    const auto siga = [ventana, pantalla, en_curso] {
-        if (std::exchange(*en_curso, true))
+    // De a una, y lo que ella misma mueve no la vuelve a llamar: no acabaría nunca. La barra de una
+    // rejilla con pie cambia de rango cada vez que se acomoda: solo llama si esconde más que antes.
+    struct Curso {
+        bool en_curso = false, obligada = false;
+        int alto = 0;
+    };
+    const auto curso = std::make_shared<Curso>();
+    const auto llame = [ventana, pantalla, curso] {
+        if (std::exchange(curso->en_curso, true))
             return;
         QMetaObject::invokeMethod(
             ventana,
-            [ventana, pantalla, en_curso] {
-                if (pantalla && !digitando(*pantalla))
-                    ensanche(*ventana, *pantalla, pantalla->area_principal());
-                *en_curso = false;
+            [ventana, pantalla, curso] {
+                if (pantalla && !digitando(*pantalla)) {
+                    const int alto = lo_que_falta(*pantalla, alto_que_falta);
+                    if (std::exchange(curso->obligada, false) || alto > curso->alto)
+                        ensanche(*ventana, *pantalla, pantalla->area_principal());
+                    curso->alto = lo_que_falta(*pantalla, alto_que_falta);
+                }
+                curso->en_curso = false;
             },
             Qt::QueuedConnection);
     };
+    const auto siga = [curso, llame] {
+        curso->obligada = true;
+        llame();
+    };
     for (const Rejilla* r : pantalla->findChildren<Rejilla*>()) {
         QObject::connect(&anchos_de(*r), &AnchosRejilla::crecio, ventana, siga);
-        QObject::connect(r->verticalScrollBar(), &QScrollBar::rangeChanged, ventana, siga);
+        QObject::connect(r->verticalScrollBar(), &QScrollBar::rangeChanged, ventana, llame);
     }
     for (const RejillaCubo* r : pantalla->findChildren<RejillaCubo*>()) {
         QObject::connect(r->horizontalScrollBar(), &QScrollBar::rangeChanged, ventana, siga);

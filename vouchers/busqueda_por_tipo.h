@@ -7,6 +7,9 @@
 
 class BarraBotones;
 
+/// Opciones de acceso de las plantillas y las planillas.
+inline constexpr int kCrear = 40, kConsultar = 41, kBorrar = 42;
+
 class BusquedaPorTipo : public Pantalla {
     Q_OBJECT
 public:

@@ -1,11 +1,10 @@
 #include "vouchers/tfbuscplanillasd.h"
 
+#include "vouchers/busqueda_por_tipo.h"
 #include "vouchers/pch.h"
 #include "vouchers/peticiones_planilla.h"
 
 namespace {
-
-constexpr int kCrear = 40, kConsultar = 41, kBorrar = 42;
 
 const DatosLista kDatos{.clase = "Tfbuscplanillasd",
                         .titulo = "Planillas de digitación",

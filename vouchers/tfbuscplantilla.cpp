@@ -4,7 +4,6 @@
 #include "vouchers/pch.h"
 
 namespace {
-constexpr int kCrear = 40, kConsultar = 41, kBorrar = 42;
 const char* const kOrden = "order by tico_cod, prco_pref";
 } // namespace
 

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int kLargoPeriodo = 6; ///< "aaaamm"
-
 QString periodo_de_la_sesion() {
     return fdmcnt().compone_fecha("1").left(kLargoPeriodo);
 }

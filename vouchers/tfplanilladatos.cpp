@@ -17,8 +17,6 @@ using namespace columnas_planilla;
 
 namespace {
 constexpr int kDigitar = 30;
-constexpr const char* kImporte = "#,###.00";
-constexpr int kLargoPeriodo = 6; ///< "aaaamm"
 } // namespace
 
 Tfplanilladatos::Tfplanilladatos()

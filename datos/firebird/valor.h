@@ -41,6 +41,11 @@ private:
     Dato dato_;
 };
 
+/// El texto vacío, nulo.
+inline Valor nulo_si_vacio(const QString& texto) {
+    return texto.isEmpty() ? Valor() : Valor(texto);
+}
+
 /// Texto entre comillas simples, con las interiores dobladas: todo literal SQL pasa por aquí.
 QString QuotedStr(const QString& texto);
 /// Primer carácter que ISO 8859-1 no puede guardar, o QChar nulo si todos caben.

@@ -7,6 +7,10 @@
 
 class ConjuntoDatos;
 
+/// Formatos de los importes: el cero, en blanco o escrito.
+inline constexpr const char* kImporte = "#,###.00";
+inline constexpr const char* kImporteConCero = "#,##0.00";
+
 enum class ClaseCampo { Texto, Entero, Decimal, Fecha, Hora, FechaHora, Memo, Blob, Conjunto };
 enum class TipoCampo {
     Datos,

@@ -1,14 +1,5 @@
 #include "apoyo/comprobantes.h"
 
-namespace {
-
-/// Los códigos sin digitar van nulos, como los deja la pantalla.
-Valor nulo_si_vacio(const QString& texto) {
-    return texto.isEmpty() ? Valor() : Valor(texto);
-}
-
-} // namespace
-
 void inserte_encabezado(Transaccion& t, const ComprobanteEnTablas& c) {
     t.conexion()
         .prepare("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, "

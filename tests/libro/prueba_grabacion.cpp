@@ -320,16 +320,16 @@ void PruebaGrabacion::lo_que_se_rehusa_en_lote_es_lo_mismo_que_rehusa_la_base() 
             orden = 0;
             for (LineaComprobante& l : c.lineas(libro)) {
                 l.item = ++orden;
-                const auto n = [](const QString& s) { return s.isEmpty() ? Valor() : Valor(s); };
                 base()
                     .prepare("insert into asiento_linea (asie_id, libro, code_item, cuen_cod, "
                              "terc_nit, proy_cod, cent_cod, conc_cod, arti_cod, code_base, "
                              "code_porc, code_debito, code_credito) values (1, ?, ?, ?, ?, ?, ?, "
                              "?, ?, ?, ?, ?, ?)",
                              t)
-                    ->ejecute(t, {datos(libro).nombre, l.item, l.cuenta, n(l.nit), n(l.proyecto),
-                                  n(l.centro), n(l.categoria), n(l.articulo), l.base, l.porcentaje,
-                                  l.debito, l.credito});
+                    ->ejecute(t, {datos(libro).nombre, l.item, l.cuenta, nulo_si_vacio(l.nit),
+                                  nulo_si_vacio(l.proyecto), nulo_si_vacio(l.centro),
+                                  nulo_si_vacio(l.categoria), nulo_si_vacio(l.articulo), l.base,
+                                  l.porcentaje, l.debito, l.credito});
             }
         }
         QStringList de_la_base;

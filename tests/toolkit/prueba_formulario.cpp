@@ -15,6 +15,18 @@ QRect en(const QWidget* w, const QWidget* ventana) {
     return {w->mapTo(ventana, QPoint(0, 0)), w->size()};
 }
 
+/// Ventana principal a la vista, con su área de pantallas.
+struct MarcoConArea {
+    QMainWindow ventana;
+    QMdiArea* area = new QMdiArea;
+    Escritorio escritorio{area};
+    explicit MarcoConArea(QSize tamano) {
+        ventana.setCentralWidget(area);
+        ventana.resize(tamano);
+        ventana.show();
+    }
+};
+
 /// Deja la letra del programa como estaba.
 struct LetraGrande {
     QFont antes = QApplication::font();
@@ -182,12 +194,8 @@ private slots:
     }
 
     void una_pantalla_mas_grande_que_el_monitor_se_recorre_con_el_teclado() {
-        QMainWindow ventana;
-        auto* area = new QMdiArea;
-        Escritorio escritorio(area);
-        ventana.setCentralWidget(area);
-        ventana.resize(500, 260);
-        ventana.show();
+        MarcoConArea marco_con_area({500, 260});
+        auto& [ventana, area, escritorio] = marco_con_area;
         ventana.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&ventana));
         auto* p = new Pantalla("TfLarga");
@@ -248,12 +256,8 @@ private slots:
     }
 
     void el_velo_no_corta_la_fila_de_al_lado() {
-        QMainWindow ventana;
-        auto* area = new QMdiArea;
-        Escritorio escritorio(area);
-        ventana.setCentralWidget(area);
-        ventana.resize(800, 500);
-        ventana.show();
+        MarcoConArea marco_con_area({800, 500});
+        auto& [ventana, area, escritorio] = marco_con_area;
         auto* p = new Pantalla("TfDosColumnas");
         QVector<QWidget*> filas;
         Formulario f(p);

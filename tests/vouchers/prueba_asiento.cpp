@@ -15,10 +15,6 @@ constexpr const char* kColumnas = "asie_id, libro, code_item, cuen_cod, code_deb
                                   " terc_nit, proy_cod, cent_cod, arti_cod, conc_cod, code_base,"
                                   " code_porc";
 
-Valor nulo_si_vacio(const QString& t) {
-    return t.isEmpty() ? Valor() : Valor(t);
-}
-
 void ponga(Transaccion& t, int asiento, const QVector<LineaAsiento>& lineas) {
     const auto inserte = t.conexion().prepare(
         QStringLiteral("insert into asiento_linea (%1) values (?,?,?,?,?,?,?,?,?,?,?,?,?)")

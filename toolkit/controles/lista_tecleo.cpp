@@ -104,3 +104,10 @@ void ListaTecleo::focusOutEvent(QFocusEvent* evento) {
     espera_.stop();
     despues_ = {};
 }
+
+ListaTecleo* lista_tecleo(const char* nombre, const QStringList& filas) {
+    auto* lista = new ListaTecleo;
+    lista->setObjectName(nombre);
+    lista->addItems(filas);
+    return lista;
+}

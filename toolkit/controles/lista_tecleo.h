@@ -32,3 +32,6 @@ private:
     QTimer espera_; ///< corre mientras se teclea
     std::function<void()> despues_;
 };
+
+/// Con su nombre y sus filas.
+ListaTecleo* lista_tecleo(const char* nombre, const QStringList& filas = {});

@@ -7,7 +7,7 @@ namespace exportacion {
 
 namespace {
 
-QString escape(const QString& texto) {
+QString escape_html(const QString& texto) {
     QString resultado = texto.toHtmlEscaped();
     resultado.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     return resultado;
@@ -15,7 +15,7 @@ QString escape(const QString& texto) {
 
 // El HTML no admite caracteres de control, ni siquiera como entidad.
 QString contenido(const QString& texto) {
-    QStringList lineas = escape(texto).split(QLatin1Char('\n'));
+    QStringList lineas = escape_html(texto).split(QLatin1Char('\n'));
     for (QString& linea : lineas)
         linea = en_una_linea(linea);
     return lineas.join(QStringLiteral("<br/>"));
@@ -48,7 +48,7 @@ constexpr char kEstilo[] =
 void escriba_htm(TablaExportable& tabla, ArchivoSalida& salida) {
     const std::vector<ColumnaExportable> columnas = columnas_de(tabla);
     const int total = static_cast<int>(columnas.size());
-    const QString titulo = en_una_linea(escape(tabla.titulo()));
+    const QString titulo = en_una_linea(escape_html(tabla.titulo()));
 
     const auto escriba_fila = [&](QLatin1String etiqueta, auto&& texto_de) {
         QString fila = QStringLiteral("<tr>");

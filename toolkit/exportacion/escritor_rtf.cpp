@@ -20,7 +20,7 @@ constexpr int kCuerpoMayor = 18;       // Medios puntos.
 constexpr int kCuerpoMenor = 10;
 constexpr int kTextoMasAncho = 50; // Un texto más largo ocupa varios renglones.
 
-QByteArray escape(const QString& texto) {
+QByteArray escape_rtf(const QString& texto) {
     QByteArray rtf;
     rtf.reserve(texto.size());
     for (qsizetype i = 0; i < texto.size(); ++i) {
@@ -111,7 +111,8 @@ void escriba_rtf(TablaExportable& tabla, ArchivoSalida& salida) {
     const auto escriba_fila = [&](const QByteArray& definicion, bool negrita, auto&& texto_de) {
         QByteArray fila = definicion + "\\pard\\intbl" + (negrita ? "\\b" : "\\b0");
         for (std::size_t i = 0; i < columnas.size(); ++i)
-            fila += lado_rtf(columnas[i].lado()) + escape(texto_de(static_cast<int>(i))) + "\\cell";
+            fila +=
+                lado_rtf(columnas[i].lado()) + escape_rtf(texto_de(static_cast<int>(i))) + "\\cell";
         salida.escriba(fila + "\\row\n");
     };
 
@@ -129,7 +130,7 @@ void escriba_rtf(TablaExportable& tabla, ArchivoSalida& salida) {
             .arg(kMargen)
             .arg(hoja.horizontal ? QStringLiteral("\\landscape") : QString()));
     if (!tabla.titulo().isEmpty())
-        salida.escriba(QByteArray("\\pard\\b\\fs26 ") + escape(tabla.titulo()) + "\\b0\\par\n");
+        salida.escriba(QByteArray("\\pard\\b\\fs26 ") + escape_rtf(tabla.titulo()) + "\\b0\\par\n");
     salida.escriba("\\fs" + QByteArray::number(hoja.cuerpo) + '\n');
 
     escriba_fila(titulos, true, [&](int i) { return columnas[i].titulo; });

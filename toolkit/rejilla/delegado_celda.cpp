@@ -44,10 +44,6 @@ QColor legible(QColor tinta, const QColor& fondo) {
     return tinta;
 }
 
-AnchosRejilla& anchos_de(const Rejilla& rejilla) {
-    return static_cast<EncabezadoRejilla*>(rejilla.horizontalHeader())->anchos();
-}
-
 /// Lo que a lo ancho se ve de una columna, con su margen.
 QRect a_la_vista(const QRect& lugar, const QWidget& vista, int margen) {
     return lugar & QRect(margen, lugar.y(), vista.width() - 2 * margen, lugar.height());

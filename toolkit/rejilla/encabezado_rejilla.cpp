@@ -276,3 +276,7 @@ bool EncabezadoRejilla::eventFilter(QObject* objeto, QEvent* evento) {
     // Desplazar los títulos mueve los filtros con ellos.
     return QHeaderView::eventFilter(objeto, evento);
 }
+
+AnchosRejilla& anchos_de(const Rejilla& rejilla) {
+    return static_cast<EncabezadoRejilla*>(rejilla.horizontalHeader())->anchos();
+}

@@ -71,3 +71,6 @@ private:
     bool con_filtros_ = false;
     bool aplicado_ = false;
 };
+
+/// Los anchos que lleva el encabezado de una rejilla.
+AnchosRejilla& anchos_de(const Rejilla& rejilla);
