@@ -70,12 +70,12 @@ hay_comprobante() {
         from comprobante_encabezado e join comprobante_detalle d on d.enco_consec = e.enco_consec
         where e.enco_concepto = '$1' and e.enco_consec > $ultimo" <<<"hay 1"
 }
-# quede_comprobante TIPO CONCEPTO FECHA [HASTA] <<FIN: el único nuevo con ese concepto. Cada
-# renglón: cuenta tercero proyecto centro débito crédito, con "-" en lo que no lleva. Los que
+# quede_comprobante TIPO CONCEPTO FECHA [HASTA] <<FIN: el único nuevo con ese concepto, en el que
+# "_" es cualquier letra. Cada renglón: cuenta tercero proyecto centro débito crédito, con "-" en lo que no lleva. Los que
 # empiezan por NIIF son los de ese libro; si no hay ninguno, es igual al otro. "NIIF nada": en
 # ese no quedó. Con HASTA, la fecha puede ser cualquiera entre las dos.
 quede_comprobante() {
-    local suyo="e.enco_consec > $ultimo and e.tico_cod = '$1' and e.enco_concepto = '$2'"
+    local suyo="e.enco_consec > $ultimo and e.tico_cod = '$1' and e.enco_concepto like '$2'"
     local renglones libro consulta tabla
     renglones=$(cat)
     consulta="select iif(e.enco_fecha between '$3' and '${4:-$3}', '$3', e.enco_fecha)

@@ -140,7 +140,7 @@ antes=$(date +%Y%m%d)
 teclas s
 foto reverso
 teclas Escape Escape Escape
-quede_comprobante FC "Reverso de FC 0001 000029. Compra de pintura" "$antes" "$(date +%Y%m%d)" <<FIN
+quede_comprobante FC "Reverso de FC 0001 ______. Compra de pintura" "$antes" "$(date +%Y%m%d)" <<FIN
 519530 838515576 0001 0001 0.00 250000.00
 240810 - - - 0.00 47500.00
 220505 838515576 - - 297500.00 0.00
