@@ -100,8 +100,9 @@ void Tfmediosmag::arme() {
     DBGridEh1->setAccessibleName("Resultado del listado");
     DBGridEh1->ReadOnly = true;
     DBGridEh1->orden_local = true;
-    DBGridEh1->texto_vacio = "No hay filas: F2 consulta el listado entre las dos fechas.";
-    DBGridEh1->setProperty("sin_consultar", DBGridEh1->texto_vacio);
+    DBGridEh1->texto_vacio = "No hay filas entre las dos fechas.";
+    DBGridEh1->setProperty("sin_consultar",
+                           "No hay filas: F2 consulta el listado entre las dos fechas.");
     DBGridEh1->nombre_archivo = "Exogena";
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     DBGridEh1->menu_emergente(

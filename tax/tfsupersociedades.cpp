@@ -54,7 +54,7 @@ Rejilla* Tfsupersociedades::cree_rejilla(const QString& nombre, ConjuntoDatos* c
     auto* r = new Rejilla(marco, conjunto);
     r->setObjectName(nombre);
     r->setAccessibleName(titulo);
-    r->columnas({{"ITEM", "Item", 6, Numerica},
+    r->columnas({{"ITEM", "Ítem", 6, Numerica},
                  {"NOMBRE", "Descripción", 36},
                  {"VALOR", "Valor", 17, Numerica},
                  {"VALORA", "Año anterior", 17, Numerica}});
