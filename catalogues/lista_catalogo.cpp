@@ -57,7 +57,8 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
     barra_->boton("SBBorrar", "F3:Eliminar", "edit-delete", QKeySequence(Qt::Key_F3),
                   [this] { SBBorrarClick(); });
     tecla(Qt::Key_Return, "Enter", [this] { enter(); });
-    tecla(Qt::Key_F12, Qt::ShiftModifier, "EBuscar", [this] { busqueda_->EBuscar->setFocus(); });
+    tecla(Qt::Key_F12, Qt::ShiftModifier, "EBuscar",
+          [this] { busqueda_->EBuscar->setFocus(Qt::ShortcutFocusReason); });
     Formulario(this).ancha(busqueda_, 0).ancha(DBGridEh1).botones(barra_);
 }
 

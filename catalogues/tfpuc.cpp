@@ -63,7 +63,8 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
                  [this] { SpeedButton1Click(); });
     barra->separe();
     barra->boton("SpeedButton2", "Esc:Salirr", "window-close", Qt::Key_Escape, [this] { close(); });
-    tecla(Qt::Key_F12, Qt::ShiftModifier, "EBuscar", [this] { busqueda_->EBuscar->setFocus(); });
+    tecla(Qt::Key_F12, Qt::ShiftModifier, "EBuscar",
+          [this] { busqueda_->EBuscar->setFocus(Qt::ShortcutFocusReason); });
     Formulario(this).ancha(busqueda_, 0).ancha(DBGridEh1).botones(barra);
     tamano(800, 560);
 }

@@ -1,5 +1,6 @@
 #include "tax/forma_medio.h"
 
+#include "datos/firebird/concuerde.h"
 #include "libro/fechas.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -392,4 +393,12 @@ void FormaMedio::SpeedButton1Click() {
         return;
     Ubicacion->setText(escogido->ruta);
     carpeta_ = QFileInfo(escogido->ruta).path();
+}
+
+void diga_lo_grabado(bool cancelado, const QString& ruta, qint64 filas) {
+    if (cancelado)
+        fdm().mostrar_advertencia("Grabación cancelada: el archivo no quedó.");
+    else
+        anuncie(fdm().barra(),
+                "Se grabó " + ruta + ", con " + concuerde(filas, "%1 fila", "%1 filas") + '.');
 }

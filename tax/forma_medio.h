@@ -20,6 +20,9 @@ struct DatosFormaMedio {
     QString filtro;         ///< del diálogo de archivo: "Archivos XML|*.xml"
 };
 
+/// Dice en la barra que el archivo quedó, con cuántas filas, o advierte que se canceló.
+void diga_lo_grabado(bool cancelado, const QString& ruta, qint64 filas);
+
 class FormaMedio : public Pantalla {
     Q_OBJECT
 public:

@@ -10,6 +10,7 @@
 #include "tax/cuentas_configuradas.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QHBoxLayout>
@@ -179,8 +180,8 @@ void Tfmeddisctas::SBCopiarClick() {
     maestro_->Reabra();
     maestro_->Locate("MMDI_ANO", {hasta});
     DBGridEh1->setFocus();
-    fdm().mostrar_advertencia(concuerde(copiados, "Se copió %1 artículo de %2 al año %3",
-                                        "Se copiaron %1 artículos de %2 al año %3")
-                                  .arg(desde, hasta) +
-                              " con sus cuentas.");
+    anuncie(fdm().barra(), concuerde(copiados, "Se copió %1 artículo de %2 al año %3",
+                                     "Se copiaron %1 artículos de %2 al año %3")
+                                   .arg(desde, hasta) +
+                               " con sus cuentas.");
 }

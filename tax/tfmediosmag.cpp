@@ -4,6 +4,7 @@
 #include "datos/firebird/concuerde.h"
 #include "libro/fechas.h"
 #include "sesion/tfdm.h"
+#include "tax/forma_medio.h"
 #include "tax/medio_distrital.h"
 #include "tax/procedimiento.h"
 #include "toolkit/avance_trabajo.h"
@@ -178,10 +179,7 @@ void Tfmediosmag::SpeedButton3Click() {
     AvanceTrabajo avance(this, "Grabando " + ruta, CMedmagdata->RecordCount());
     const ResultadoMedio r =
         archivo_csv(*CMedmagdata, ruta, [&](qint64 hechos) { return avance.siga(hechos); });
-    fdm().mostrar_advertencia(
-        r.cancelado ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
-                    : QStringLiteral("Se grabó %1, con %2.")
-                          .arg(ruta, concuerde(CMedmagdata->RecordCount(), "%1 fila", "%1 filas")));
+    diga_lo_grabado(r.cancelado, ruta, CMedmagdata->RecordCount());
 }
 
 void Tfmediosmag::SpeedButton2Click() {

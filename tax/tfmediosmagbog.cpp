@@ -15,6 +15,7 @@
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QComboBox>
@@ -269,8 +270,8 @@ void Tfmediosmagbog::ofrezca_formatos() {
         return;
     copie_articulos(fdm().Quorvex, otro, ano());
     liste_articulos();
-    fdm().mostrar_advertencia("Se copiaron los artículos de " + otro +
-                              ": revise con F8 sus mínimos y sus cuentas.");
+    anuncie(fdm().barra(),
+            "Se copiaron los artículos de " + otro + ": revise con F8 sus mínimos y sus cuentas.");
 }
 
 QString Tfmediosmagbog::por_configurar() const {
@@ -317,9 +318,5 @@ void Tfmediosmagbog::SpeedButton3Click() {
     AvanceTrabajo avance(this, "Grabando " + ruta(), CMedmagdata->RecordCount());
     const ResultadoMedio r = escriba_articulo(articulo(), ano(), ruta(), filas,
                                               [&](qint64 hechos) { return avance.siga(hechos); });
-    fdm().mostrar_advertencia(
-        r.cancelado
-            ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
-            : QStringLiteral("Se grabó %1, con %2.")
-                  .arg(ruta(), concuerde(CMedmagdata->RecordCount(), "%1 fila", "%1 filas")));
+    diga_lo_grabado(r.cancelado, ruta(), CMedmagdata->RecordCount());
 }

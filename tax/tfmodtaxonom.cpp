@@ -11,6 +11,7 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/fechadato.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/informes/motor.h"
 #include "toolkit/pida_archivo.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -301,7 +302,7 @@ void Tfmodtaxonom::exporte() {
     exporte_taxonomia(*CImprtax, ano, ruta);
     CImprtax->Close();
     Panel->hide();
-    fdm().mostrar_advertencia("Se grabó " + ruta +
-                              ". La cabecera (Cab) va sin cerrar, como la espera quien lo recibe: "
-                              "otros programas pueden decir que no es un XML completo.");
+    anuncie(fdm().barra(), "Se grabó " + ruta +
+                               ". La cabecera (Cab) va sin cerrar, como la espera quien lo recibe: "
+                               "otros programas pueden decir que no es un XML completo.");
 }
