@@ -149,11 +149,8 @@ void VentanaAvisos::ubique_luego() {
 void VentanaAvisos::ubique() {
     por_ubicar_ = false;
     const QSize lugar = parentWidget()->size();
-    const int ancho = qMin(qMax(escalado(360), sizeHint().width()), lugar.width());
-    const int alto =
-        qMin(qMax(escalado(190), layout()->totalHeightForWidth(ancho)), lugar.height());
-    // A la derecha y lo más abajo que se pueda sin tapar botones ni sumas; si no hay dónde, los
-    // menos botones, y de ellos donde tape menos sumas.
+    // A la derecha y lo más abajo que se pueda sin tapar botones ni sumas; si no hay dónde, más
+    // angosta, o los menos botones, y de ellos donde tape menos sumas.
     const QVector<QRect> botones = a_la_vista<QAbstractButton>(),
                          sumas = a_la_vista<PieRejilla>() + a_la_vista<EditorNumero>();
     const auto tapa = [](const QVector<QRect>& lista, const QRect& aqui) {
@@ -162,14 +159,19 @@ void VentanaAvisos::ubique() {
     };
     QRect mejor;
     std::pair<qsizetype, qsizetype> menos{botones.size() + 1, 0};
-    for (int y = lugar.height() - alto - paso(6); menos > std::pair<qsizetype, qsizetype>();
-         y -= paso()) {
-        const QRect aqui(lugar.width() - ancho - paso(), qMax(0, y), ancho, alto);
-        if (const std::pair<qsizetype, qsizetype> van{tapa(botones, aqui), tapa(sumas, aqui)};
-            van < menos)
-            menos = van, mejor = aqui;
-        if (y <= 0)
-            break;
+    for (const int quiere : {qMax(escalado(360), sizeHint().width()), minimumSizeHint().width()}) {
+        const int ancho = qMin(quiere, lugar.width());
+        const int alto =
+            qMin(qMax(escalado(190), layout()->totalHeightForWidth(ancho)), lugar.height());
+        for (int y = lugar.height() - alto - paso(6); menos > std::pair<qsizetype, qsizetype>();
+             y -= paso()) {
+            const QRect aqui(lugar.width() - ancho - paso(), qMax(0, y), ancho, alto);
+            if (const std::pair<qsizetype, qsizetype> van{tapa(botones, aqui), tapa(sumas, aqui)};
+                van < menos)
+                menos = van, mejor = aqui;
+            if (y <= 0)
+                break;
+        }
     }
     setGeometry(mejor);
 }

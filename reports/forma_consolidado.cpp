@@ -163,8 +163,8 @@ void FormaConsolidado::sume_destino() {
 void FormaConsolidado::diga_lo_omitido(const QVector<std::pair<QString, Moneda>>& omitidas) {
     // Una cuenta mayor repite lo de las suyas: se cuentan las que no tienen otra debajo. Vienen por
     // código, así que la de debajo es la que sigue.
-    int cuentas = 0;
     Moneda debito, credito;
+    int& cuentas = sin_consolidar_ = 0;
     for (qsizetype i = 0; i < omitidas.size(); ++i) {
         const auto& [codigo, saldo] = omitidas[i];
         if (i + 1 < omitidas.size() && omitidas[i + 1].first.startsWith(codigo))
@@ -183,6 +183,10 @@ void FormaConsolidado::diga_lo_omitido(const QVector<std::pair<QString, Moneda>>
 void FormaConsolidado::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
     motor.fijar_parametro("Libro", "2649"); // el único que se consolida
     const QString otra = NomCia1->text().isEmpty() ? CodCia1->text().trimmed() : NomCia1->text();
-    motor.fijar_texto(pagina, QStringLiteral("Text1"),
-                      QString::fromUtf8(variante().titulo) + QStringLiteral(" con ") + otra);
+    QString titulo = QString::fromUtf8(variante().titulo) + QStringLiteral(" con ") + otra;
+    // Sin ellas una clase no es la suma de sus grupos: quien lo lee firmado debe saberlo.
+    if (sin_consolidar_ > 0)
+        titulo += ", sin " + concuerde(sin_consolidar_, "una cuenta", "%1 cuentas") +
+                  " que solo ella tiene";
+    motor.fijar_texto(pagina, QStringLiteral("Text1"), titulo);
 }

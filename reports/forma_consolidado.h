@@ -42,5 +42,6 @@ private:
     void diga_lo_omitido(const QVector<std::pair<QString, Moneda>>& omitidas);
 
     const QVector<VarianteConsolidado>& variantes_;
-    QString buscada_; ///< la última que se buscó: no se avisa dos veces
+    int sin_consolidar_ = 0; ///< cuentas que solo tiene la otra
+    QString buscada_;        ///< la última que se buscó: no se avisa dos veces
 };
