@@ -394,7 +394,9 @@ void FormaActivo::ACGR_IDChange(Campo& grupo) {
 }
 
 void FormaActivo::escoja_grupo() {
-    pida("Tfgruposact", PideGrupoActivo{}, [this](const GrupoEscogido& g) {
+    const GrupoEscogido actual{CActivo.FieldByName("ACGR_ID").texto(),
+                               CActivo.FieldByName("ACSG_ID").texto()};
+    pida("Tfgruposact", PideGrupoActivo{actual}, [this](const GrupoEscogido& g) {
         CActivo.FieldByName("ACGR_ID") = g.grupo.toInt();
         if (!g.subgrupo.isEmpty())
             CActivo.FieldByName("ACSG_ID") = g.subgrupo.toInt();

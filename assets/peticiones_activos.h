@@ -12,5 +12,6 @@ struct GrupoEscogido {
     QString grupo, subgrupo;
 };
 struct PideGrupoActivo {
+    GrupoEscogido localizar = {}; ///< filas en que se ubica
     using Respuesta = GrupoEscogido;
 };

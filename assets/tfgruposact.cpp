@@ -78,7 +78,11 @@ void Tfgruposact::FormCreate() {
     maestro_->Open();
     if (trae<PideGrupoActivo>())
         como_selector();
-    DBGridEh1->setFocus();
+    const GrupoEscogido actual = peticion<PideGrupoActivo>().localizar;
+    const bool ubicado =
+        !actual.grupo.isEmpty() && maestro_->Locate("ACGR_ID", {actual.grupo.toInt()}) &&
+        !actual.subgrupo.isEmpty() && detalle_->Locate("ACSG_ID", {actual.subgrupo.toInt()});
+    (ubicado ? DBGridEh2 : DBGridEh1)->setFocus();
 }
 
 void Tfgruposact::SBSelecClick() {

@@ -96,7 +96,6 @@ void FormaProceso::construya() {
     LPref = nombrado(new ListaDato(&CProceso, "PRCO_PREF"), "LPref");
     LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
     LPref->setSizeAdjustPolicy(QComboBox::AdjustToContents); // sin el sitio de un dibujo
-    LPref->setMinimumContentsLength(4);
     LPref->OnExit = [this] { tome_numero(); };
     ENumero = nombrado(new EditorDato(&CProceso, "ENCO_NUMERO"), "ENumero");
     EConcepto = nombrado(new EditorDato(&CProceso, datos_.concepto), "EConcepto");

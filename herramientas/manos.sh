@@ -218,7 +218,8 @@ a_pdf() {
     local textos
     IFS=$'\t' read -ra textos < \
         <(sed -n "s/^$nombre\t//p" "$raiz/herramientas/recorrido/papeles.tsv") || true
-    # Las cifras son de la demostración de las pruebas; en otra, lo primero, que es su título.
+    # Las cifras son de la demostración de las pruebas; en otra, solo lo primero: su título, o lo
+    # que el recorrido tecleó.
     [ -n "${QUORVEX_CIFRAS:-}" ] || textos=("${textos[0]:-}")
     pdf_dice "$nombre" "${textos[@]:-}"
     [ -z "$con_fotos" ] ||

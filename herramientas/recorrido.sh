@@ -31,6 +31,9 @@ termine() {
 }
 trap termine EXIT
 
+[ -n "${QUORVEX_CIFRAS:-}" ] ||
+    echo "Las cifras de los papeles no se revisan: son de la demostración de las pruebas."
+
 # --- escena
 # Solo se borra lo que dejó otro recorrido.
 if [ "$fotos" != "$raiz/recorrido" ] && [ -n "$(ls -A "$fotos" 2>/dev/null)" ] &&

@@ -120,7 +120,7 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
     APNI_NOTA->setTabChangesFocus(true);
     APNI_NOTA->lineas(3);
     auto* barra = new BarraBotones(this);
-    barra->boton("AdvGlowButton3", "F2:Aceptar", "dialog-ok-apply", {},
+    barra->boton("AdvGlowButton3", "F2:Continuar", "dialog-ok-apply", {},
                  [this] { AdvGlowButton3Click(); });
     barra->boton("AdvGlowButton7", "F5:Hoja trabajo", "x-office-spreadsheet", {},
                  [this] { AdvGlowButton7Click(); });

@@ -137,7 +137,7 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
                  [this] { SpeedButton1Click(); });
     barra->boton("AdvGlowButton9", "F9:Conc.Patr.", "object-flip-horizontal", Qt::Key_F9,
                  [this] { AdvGlowButton9Click(); });
-    barra->boton("SBLlevar", "F12:Llevar a saldos iniciales", "go-first", Qt::Key_F12,
+    barra->boton("SBLlevar", "F12:Llevar a saldos iniciales", "x-office-spreadsheet", Qt::Key_F12,
                  [this] { SBLlevarClick(); });
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", {}, [this] { SBCancelClick(); });
     Formulario f(pagina);
@@ -183,7 +183,7 @@ void Tfbalaperturaniif::declare_teclas(Pagina pagina) {
         tecla(Qt::Key_Escape, "Cancelar", [this] { SBCancelClick(); });
         break;
     case Detalle:
-        tecla(Qt::Key_F2, "Aceptar", [this] { AdvGlowButton3Click(); });
+        tecla(Qt::Key_F2, "Continuar", [this] { AdvGlowButton3Click(); });
         tecla(Qt::Key_F5, "Cuadrar la línea o abrir la hoja de trabajo",
               [this] { cuadre_o_abra_hoja(); });
         tecla(Qt::Key_Escape, "Cancelar", [this] { cierre_detalle(); });

@@ -143,7 +143,9 @@ void FormaRegiauto::TICO_CODChange(Campo& tipo) {
 }
 
 void FormaRegiauto::SBConceptosClick() {
-    pida("Tfbuscconcepto", PideConceptoAutomatico{},
+    const QString actual =
+        CDetalle.IsEmpty() ? QString() : CDetalle.FieldByName("CONC_COD").texto();
+    pida("Tfbuscconcepto", PideConceptoAutomatico{actual},
          [this](const QString& concepto) { reciba_concepto(concepto); });
 }
 

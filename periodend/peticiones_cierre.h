@@ -14,5 +14,6 @@ struct AbreRegistroAutomatico {
 };
 /// Un concepto de la lista.
 struct PideConceptoAutomatico {
+    QString localizar = {};    ///< fila en que se ubica
     using Respuesta = QString; ///< CONC_COD
 };

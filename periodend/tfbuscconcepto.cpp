@@ -28,6 +28,12 @@ const DatosLista kDatosBuscconcepto{.clase = "Tfbuscconcepto",
 
 Tfbuscconcepto::Tfbuscconcepto() : ListaProceso(kDatosBuscconcepto) {}
 
+void Tfbuscconcepto::FormCreate() {
+    ListaProceso::FormCreate();
+    if (const auto pedido = peticion<PideConceptoAutomatico>(); !pedido.localizar.isEmpty())
+        CLista.Locate("CONC_COD", {pedido.localizar});
+}
+
 void Tfbuscconcepto::botones_propios(BarraBotones& barra) {
     if (trae<PideConceptoAutomatico>())
         barra.principal(barra.boton("SBSelec", "Selecciona", "emblem-default", Qt::Key_Return,

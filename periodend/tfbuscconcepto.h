@@ -7,6 +7,8 @@ class Tfbuscconcepto : public ListaProceso {
 public:
     Tfbuscconcepto();
 
+    void FormCreate() override;
+
 protected:
     void botones_propios(BarraBotones& barra) override;
     void SBModificarClick() override;

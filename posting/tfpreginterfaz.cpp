@@ -18,7 +18,7 @@ Tfpreginterfaz::Tfpreginterfaz() : Pantalla("Tfpreginterfaz", "Interfaz contable
     DBGridEh1->OnDblClick = [this](int) { BitBtn1Click(); };
     DBGridEh1->OnReturn = [this] { BitBtn1Click(); };
     auto* barra = new BarraBotones(this);
-    barra->principal(barra->boton("BitBtn1", "F2:Seleccionar", "dialog-ok", Qt::Key_F2,
+    barra->principal(barra->boton("BitBtn1", "F2:Selecciona", "dialog-ok", Qt::Key_F2,
                                   [this] { BitBtn1Click(); }));
     barra->boton("BitBtn2", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
                  [this] { resultado_modal(mrCancel); });

@@ -1,5 +1,6 @@
 #include "toolkit/disposicion_pares.h"
 
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 
 #include <QScopedValueRollback>
@@ -25,6 +26,12 @@ const QLayoutItem& control_de(QLayoutItem* casilla) {
 
 bool crece(QLayoutItem* casilla) {
     return control_de(casilla).expandingDirections() & Qt::Horizontal;
+}
+
+/// La fila de controles que en una casilla puede seguir en otro renglón; nulo si no lo es.
+const DisposicionFlujo* flujo_de(QLayoutItem* casilla) {
+    const QWidget* control = const_cast<QLayoutItem&>(control_de(casilla)).widget();
+    return control ? dynamic_cast<const DisposicionFlujo*>(control->layout()) : nullptr;
 }
 
 bool puede_crecer(QLayoutItem* casilla) {
@@ -100,10 +107,23 @@ int DisposicionPares::sitio(const Par& par, int guia) const {
     return rotulo + (rotulo ? horizontalSpacing() : 0) + par.casilla->minimumSize().width();
 }
 
+int DisposicionPares::ancho_en_columnas() const {
+    // La fila en flujo que va sola usa todas las columnas, y no le ensancha ninguna a las demás.
+    int ancho = QGridLayout::minimumSize().width();
+    const QMargins m = contentsMargins();
+    for (const Par& p : pares())
+        if (const DisposicionFlujo* flujo = p.columna == 1 ? flujo_de(p.casilla) : nullptr)
+            ancho = qMax(ancho, primera_columna() + horizontalSpacing() +
+                                    flujo->sizeHint().width() + m.left() + m.right());
+    return ancho;
+}
+
 QSize DisposicionPares::minimumSize() const {
     QSize s = QGridLayout::minimumSize();
-    if (todo_en_columnas_)
+    if (todo_en_columnas_) {
+        s.setWidth(ancho_en_columnas());
         return s;
+    }
     int ancho = 0;
     const int guia = primera_columna();
     for (const Par& p : pares())

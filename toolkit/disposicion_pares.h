@@ -17,7 +17,7 @@ public:
     int heightForWidth(int ancho) const override;
     int minimumHeightForWidth(int ancho) const override;
     void setGeometry(const QRect& marco) override;
-    int ancho_en_columnas() const { return QGridLayout::minimumSize().width(); }
+    int ancho_en_columnas() const;
     /// El mayor de los rótulos que empiezan fila.
     int ancho_de_rotulos() const;
     /// Lo que sus controles van más a la derecha por quedar con los de otro recuadro.

@@ -125,7 +125,9 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
         const bool ultimo = &par == pares.end() - 1;
         const bool alto = crece_a_lo_alto(par.control);
         auto* flujo = dynamic_cast<DisposicionFlujo*>(par.control->layout());
-        if (flujo) // mientras la cuadrícula quepa, en un renglón
+        // Mientras la cuadrícula quepa, en un renglón. La que va sola en su fila no le ensancha la
+        // columna a las demás.
+        if (flujo && pares.size() > 1)
             r->setColumnMinimumWidth(columna + 1, flujo->sizeHint().width());
         if (!par.etiqueta.isEmpty()) {
             QLabel* rotulo = ponga_rotulo(par.control, par.etiqueta);

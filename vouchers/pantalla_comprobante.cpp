@@ -269,6 +269,7 @@ void PantallaComprobante::muestre_mandante() {
 
 void PantallaComprobante::pagina_cambiada(int pagina) {
     const bool entra = pagina == 1;
+    const JuntaAvisos junta(*this);
     // El foco va primero: si lo rehusado nombra una línea o el día, desde aquí va a donde se
     // corrige.
     lineas_a_la_vista().rejilla->setFocus();
@@ -309,22 +310,42 @@ ResultadoGrabacion PantallaComprobante::grabe(Grabador quien, const QString& si_
         anuncie(fdm().barra(), QStringList{"Grabado", CMovimiento.FieldByName("TICO_COD").texto(),
                                            CMovimiento.FieldByName("PRCO_PREF").texto(), r.numero}
                                    .join(' '));
-    QStringList avisos; // uno solo: el segundo taparía el primero
-    if (r.cambio_de_numero())
-        avisos << "El número " + r.numero_pedido + " lo tomó otro comprobante: este quedó con el " +
-                      r.numero + '.';
-    if (r.clase == ResultadoGrabacion::Grabado)
+    const JuntaAvisos junta(*this);
+    if (r.clase == ResultadoGrabacion::Grabado && r.id != cierre_dicho_)
         proteja([&] { // ya está grabado, aunque esto falle
-            if (const QString cierre = cierre_ya_hecho(fdm().Quorvex, r.id); !cierre.isEmpty())
-                avisos << "Ya hay un cierre anual (" + cierre +
-                              ") que tomó sus cuentas de resultados. Si esto las cambió, hágalo "
-                              "de nuevo.";
+            const QString cierre = cierre_ya_hecho(fdm().Quorvex, r.id);
+            if (cierre.isEmpty())
+                return;
+            advierta("Haga de nuevo el cierre " + cierre + " si esto cambió sus resultados.");
+            cierre_dicho_ = r.id; // no a cada cambio de página
         });
+    if (r.cambio_de_numero())
+        advierta("El número " + r.numero_pedido + " lo tomó otro comprobante: este quedó con el " +
+                 r.numero + '.');
     if (r.clase == ResultadoGrabacion::Grabado && !si_queda.isEmpty())
-        avisos << si_queda;
-    if (!avisos.isEmpty())
-        fdm().mostrar_advertencia(avisos.join(' '));
+        advierta(si_queda);
     return r;
+}
+
+void PantallaComprobante::advierta(const QString& texto) {
+    if (junta_avisos_)
+        avisos_ << texto;
+    else
+        fdm().mostrar_advertencia(texto);
+}
+
+void PantallaComprobante::diga_avisos() {
+    const QStringList todos = std::exchange(avisos_, {});
+    if (todos.isEmpty())
+        return;
+    HistoriaAvisos* historia = HistoriaAvisos::de(fdm().barra());
+    for (qsizetype i = todos.size() - 1; i > 0 && historia; --i)
+        historia->anote("Advertencia: " + todos[i]);
+    const int demas = int(todos.size()) - 1;
+    fdm().mostrar_advertencia(todos.first() +
+                              (demas > 0 ? concuerde(demas, " Y otro aviso: Ctrl+Mayús+H.",
+                                                     " Y otros %1 avisos: Ctrl+Mayús+H.")
+                                         : QString()));
 }
 
 void PantallaComprobante::diga(const Rechazos& rechazos, const ModoGrabacion& modo) {

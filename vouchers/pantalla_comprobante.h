@@ -4,6 +4,8 @@
 #include "vouchers/deshacer.h"
 #include "vouchers/pantalla_lineas.h"
 
+#include <QScopedValueRollback>
+
 class CasillaDato;
 class EditorDato;
 class FechaDato;
@@ -91,6 +93,17 @@ protected:
     /// Revisa y graba por el único camino. Lo rehusado se dice aquí y deja el cursor donde se
     /// corrige; las fallas las dice el proveedor. `si_queda` se advierte con lo demás si se graba.
     ResultadoGrabacion grabe(Grabador quien, const QString& si_queda = {});
+    /// Mientras vive, lo que se advierta espera a lo que la grabación tenga por decir.
+    class JuntaAvisos {
+    public:
+        explicit JuntaAvisos(PantallaComprobante& p) : p_(p), guarda_(p.junta_avisos_, true) {}
+        ~JuntaAvisos() { p_.diga_avisos(); }
+
+    private:
+        PantallaComprobante& p_;
+        const QScopedValueRollback<bool> guarda_;
+    };
+    void advierta(const QString& texto);
     /// Lo rehusado que esta pantalla sí deja pasar.
     virtual bool se_tolera(const Rechazo&) const { return false; }
     void diga(const Rechazos& rechazos, const ModoGrabacion& modo);
@@ -111,6 +124,11 @@ private:
     void construya_controles();
     void disponga(QWidget* control_prefijo);
     void construya_panel_documento();
+    /// En la barra cabe uno, el primero; los demás quedan en la historia.
+    void diga_avisos();
+    bool junta_avisos_ = false;
+    QStringList avisos_;        ///< el que más pesa, primero
+    qint64 cierre_dicho_ = 0;   ///< id del último a que se le dijo que su año ya tiene cierre
     QWidget* ultimo_ = nullptr; ///< el control que precede a las rejillas
     PreguntaEnCampo pregunta_;  ///< en el tercero del encabezado y en el mandante
 };

@@ -170,7 +170,7 @@ void Tfedtmovimien::FormCreate() {
     }
     visto_ = lea_comprobante(conjuntos());
     CMovimiento.Edit();
-    const QString sin_origen = muestre_origen();
+    falla_origen_ = muestre_origen();
     muestre_fecha();
     muestre_mandante();
     encabezado_posteado_ = true;
@@ -186,8 +186,6 @@ void Tfedtmovimien::FormCreate() {
         SBGrabar->setEnabled(false);
     diga_lo_cerrado(cual);
     DBEdit1->setFocus(); // tipo, número y fecha ya no cambian
-    if (!sin_origen.isEmpty())
-        reporte_falla(sin_origen); // al final: mientras se lee, la pantalla ya está completa
 }
 
 void Tfedtmovimien::diga_lo_cerrado(const QString& cual) {
@@ -295,6 +293,9 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
 void Tfedtmovimien::FormActivate() {
     if (ajustes.mostrar_saldo && CTipodoc.Active())
         CTipodoc.Refresh();
+    // Ya con la ventana a la vista, para que se sepa de cuál se habla.
+    if (!falla_origen_.isEmpty())
+        reporte_falla(std::exchange(falla_origen_, {}));
     if (!borrador_ && !solo_imprime_ && SBGrabar->isEnabled())
         siga_borrador();
 }

@@ -77,6 +77,7 @@ private:
 
     QString anio_voucher;
     int mes_voucher = 0;
+    QString falla_origen_;             ///< por decir, con la ventana ya a la vista
     bool solo_imprime_ = false;        ///< nada se puede cambiar: F2 imprime
     BorradorVivo* borrador_ = nullptr; ///< nulo: nada se puede corregir
     Comprobante visto_;                ///< como lo vio quien lo abrió, o como lo dejó al grabar

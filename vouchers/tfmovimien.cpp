@@ -408,8 +408,8 @@ void Tfmovimien::ajuste_dia() {
         return;
     EDia->setText(tope);
     QApplication::beep();
-    fdm().mostrar_advertencia(fdmcnt().nombre_periodo() + " de " + fdmcnt().ano_actual + " tiene " +
-                              tope + " días: el comprobante queda con el día " + tope + '.');
+    advierta(fdmcnt().nombre_periodo() + " de " + fdmcnt().ano_actual + " tiene " + tope +
+             " días: el comprobante queda con el día " + tope + '.');
 }
 
 void Tfmovimien::ponga_fecha() {
@@ -435,6 +435,7 @@ bool Tfmovimien::eventFilter(QObject* objeto, QEvent* evento) {
 // ---------------------------------------------------------------- grabar
 
 void Tfmovimien::SBGrabarClick() {
+    const JuntaAvisos junta(*this);
     termine_lineas();
     if (sin_lineas() && CMovimiento.FieldByName("ENCO_CONCEPTO").vacio() &&
         !pregunte_con_no("El comprobante no tiene líneas ni concepto. Desea grabarlo así?"))

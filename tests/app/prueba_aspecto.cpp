@@ -328,6 +328,16 @@ void revise_nombres(const Pantalla* p, QStringList& faltas) {
 
 void revise_botones(Pantalla* p, QStringList& faltas) {
     const QWidget* marco = p->parentWidget(); // la ventanilla por la que se ve la pantalla
+    // En todas se graba, se sigue y se escoge con las mismas palabras, también en sus paneles.
+    for (const BarraBotones* barra : p->findChildren<BarraBotones*>())
+        for (const QPushButton* b : barra->findChildren<QPushButton*>()) {
+            const QString dice = b->text().remove('&').section(':', -1).trimmed();
+            const bool es_suya =
+                dice == "Seleccionar" &&
+                QStringList{"Tfconceptos", "Tfbuscplantilla"}.contains(p->objectName());
+            if (!es_suya && QStringList{"Aceptar", "Seleccionar", "Escoger"}.contains(dice))
+                faltas << nombre_de(b) + " dice " + b->text();
+        }
     for (const BarraBotones* barra : p->findChildren<BarraBotones*>()) {
         if (!barra->isVisible())
             continue;

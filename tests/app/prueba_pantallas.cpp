@@ -246,11 +246,24 @@ void PruebaPantallas::el_encabezado_del_comprobante_se_recorre_como_lo_piensa_un
     // tipo cuando no hay más que uno.
     const QString resto = "DBEdit1 ERef DBEdit2 DBEdit3 DBEdit6 DBMemo1 DBCheckBox1 ckFiltro "
                           "DBCheckBox2 DBGridEh1 SBGrabar SBCancel";
-    const std::pair<QString, QString> ordenes[] = {{"Tfmovimien", "LTipo EDia " + resto},
-                                                   {"Tfedtmovimien", "EPref ENumero " + resto}};
-    for (const auto& [pantalla, orden] : ordenes) {
+    const std::tuple<QString, QString, const char*> ordenes[] = {
+        {"Tfmovimien", "LTipo EDia " + resto, nullptr},
+        {"Tfmovimien", "LTipo LPref ENumero EDia " + resto, "RC"},
+        {"Tfedtmovimien", "EPref ENumero " + resto, nullptr}};
+    for (const auto& [pantalla, orden, tipo] : ordenes) {
         Pantalla* p = pantallas().abrir(pantalla, preparadas.encargo(pantalla));
         QVERIFY(p);
+        if (tipo) { // con dos prefijos, y uno que se numera a mano
+            auto* c = p->findChild<ConjuntoDatos*>("CMovimiento");
+            const QString a_mano = s_->bases.base()
+                                       .consulte("select prco_pref from prefijos_conta where "
+                                                 "prco_auto = 'N' and tico_cod = " +
+                                                 QuotedStr(tipo))
+                                       .texto();
+            QVERIFY(!a_mano.isEmpty());
+            c->FieldByName("TICO_COD") = tipo;
+            c->FieldByName("PRCO_PREF") = a_mano;
+        }
         agote_eventos();
         p->findChild<QWidget*>(orden.section(' ', 0, 0))->setFocus(Qt::TabFocusReason);
         QSet<QWidget*> apagados;

@@ -185,6 +185,43 @@ private slots:
                  "2N");
     }
 
+    void las_listas_se_abren_en_lo_que_habia() {
+        Almacenista s;
+        s.base.ejecute({"insert into activos_subgrupo values (1, 8, 'Sillas')"});
+        auto* forma = static_cast<FormaActivo*>(s.abra("Tfnvoactivo"));
+        const auto puesto = [](Pantalla* p, const char* conjunto, const char* campo) {
+            return componente<ConjuntoDatos>(p, conjunto).FieldByName(campo).texto();
+        };
+        const auto abra = [&](const char* grupo, const char* subgrupo) {
+            forma->CActivo.FieldByName("ACGR_ID") = grupo;
+            forma->CActivo.FieldByName("ACSG_ID") = subgrupo;
+            oprima(Qt::Key_F6);
+            Pantalla* lista = s.escritorio.activa();
+            return puesto(lista, "CGrupos", "ACGR_ID") + '-' +
+                   puesto(lista, "CSubgrupos", "ACSG_ID");
+        };
+        QCOMPARE(abra("2", ""), "2-");
+        QVERIFY(componente<Rejilla>(s.escritorio.activa(), "DBGridEh1").enfocada());
+        oprima(Qt::Key_Escape);
+        QCOMPARE(abra("1", "8"), "1-8");
+        QVERIFY(componente<Rejilla>(s.escritorio.activa(), "DBGridEh2").enfocada());
+        oprima(Qt::Key_Return);
+        agote_eventos();
+        QCOMPARE(puesto(forma, "CActivo", "ACGR_ID") + puesto(forma, "CActivo", "ACSG_ID"), "18");
+        forma->CActivo.CancelUpdates();
+        forma->close();
+        for (const char* codigo : {"EQ1", "EQ2", "EQ3"})
+            s.activo(codigo, "1200", 12);
+        registre_testigo("Tfllamadora");
+        Pantalla* llamadora = s.abra("Tfllamadora");
+        QString escogido;
+        escoja_activo(
+            *llamadora, [&](const QString& a) { escogido = a; }, "EQ2");
+        QCOMPARE(puesto(s.escritorio.activa(), "CActivos", "ACFJ_COD"), "EQ2");
+        oprima(Qt::Key_Return);
+        QCOMPARE(escogido, "EQ2");
+    }
+
     void se_edita_con_su_reparto_su_valor_y_su_foto() {
         Almacenista s;
         s.activo("EQ1", "1200", 12);

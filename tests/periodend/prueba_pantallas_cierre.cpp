@@ -318,6 +318,12 @@ private slots:
         QCOMPARE(s.escritorio.activa(), s.p);
         auto& lineas = *componente<Rejilla>(s.p, "DBGridEh1").conjunto();
         QCOMPARE(lineas.FieldByName("NomConc").texto(), "Provisión de cartera");
+        oprima(Qt::Key_F8); // la lista se abre en el que ya está, y no en el primero
+        QCOMPARE(componente<ConjuntoDatos>(s.escritorio.activa(), "CConceptos")
+                     .FieldByName("CONC_COD")
+                     .texto(),
+                 "C1");
+        oprima(Qt::Key_Escape);
         oprima(Qt::Key_F2);
         QCOMPARE(s.escritorio.activa(), lista);
         QCOMPARE(s.dato("select reau_cod || reco_item || conc_cod from registro_conceptos"),

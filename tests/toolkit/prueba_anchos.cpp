@@ -111,6 +111,11 @@ private slots:
             {.contenido = 50, .titulo = 100, .breve = 30, .comodo = 90, .entero = 12, .peso = 9},
             {.contenido = 50, .entero = 200, .peso = 10}};
         QCOMPARE(reparta_ancho(por_digitar, 240), QVector<int>({40, 200}));
+        // Una casilla también lo abrevia antes de que un nombre se corte, y lo recobra después.
+        const QVector<PedidoAncho> con_casilla{{.contenido = 50, .entero = 200, .peso = 10},
+                                               {.contenido = 20, .titulo = 60, .casilla = true}};
+        QCOMPARE(reparta_ancho(con_casilla, 240), QVector<int>({200, 40}));
+        QCOMPARE(reparta_ancho(con_casilla, 280), QVector<int>({220, 60}));
         // Desplazándose, los nombres dan a la cifra que asoma lo poco que le falte; mucho, no.
         QVector<PedidoAncho> asoma{
             {.contenido = 100, .titulo = 40, .entero = 200, .cede = 60, .peso = 20},

@@ -5,6 +5,7 @@
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/disposicion_flujo.h"
+#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/listabusqueda.h"
@@ -110,6 +111,34 @@ private slots:
         f.rotule(cajas[0], QString(30, 'm')); // correrlos tanto no es alinearlos
         QTRY_VERIFY(en(cajas[0], &ventana).left() > antes);
         QTRY_VERIFY(en(cajas[1], &ventana).left() < antes);
+    }
+
+    void la_fila_que_puede_seguir_en_otro_renglon_no_separa_las_demas() {
+        // Corta o larga, va en un renglón mientras la cuadrícula quepa; los de otra fila van
+        // juntos.
+        for (const int largo : {250, 900}) {
+            Pantalla ventana("TfEjemplo");
+            const auto caja = [](int ancho) {
+                auto* c = new QLineEdit;
+                c->setFixedWidth(ancho);
+                return c;
+            };
+            QLineEdit *titulo = caja(largo), *numero = caja(60), *cuenta = caja(100);
+            auto* periodo = caja(300);
+            Formulario f(&ventana);
+            f.fila("Título", en_flujo({titulo, con_rotulo("No.", numero)}, paso()))
+                .fila({{"Cuenta", cuenta}, {"Período", periodo}});
+            ventana.resize(ancho_en_columnas(ventana), 300);
+            ventana.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&ventana));
+            QCOMPARE(en(numero, &ventana).center().y(), en(titulo, &ventana).center().y());
+            QVERIFY(en(numero, &ventana).right() < ventana.width());
+            const int hueco =
+                en(f.etiqueta(periodo), &ventana).left() - en(cuenta, &ventana).right();
+            if (largo < 400)
+                QVERIFY2(hueco <= 2 * paso(), qPrintable(QString::number(hueco)));
+            QCOMPARE(en(periodo, &ventana).width(), 300);
+        }
     }
 
     void con_letra_doble_todo_crece_y_nada_se_corta() {
@@ -231,21 +260,28 @@ private slots:
         auto* marco = qobject_cast<QAbstractScrollArea*>(p->parentWidget()->parentWidget());
         cajas.first()->setFocus();
         agote_eventos();
+        int enteras = 0, tapadas = 0;
         for (int corrida = 0; corrida < 60; corrida += 3) {
             marco->verticalScrollBar()->setValue(corrida);
             for (const QWidget* c : cajas)
                 if (const QRect r = c->visibleRegion().boundingRect();
-                    c->mapTo(p, QPoint()).y() > corrida && !r.isEmpty())
+                    c->mapTo(p, QPoint()).y() > corrida && !r.isEmpty()) {
                     QCOMPARE(r.height(), c->height());
+                    ++enteras;
+                }
         }
         for (int corrida = 0; corrida < 60; corrida += 3) { // lo que no se ve tampoco se oprime
             marco->verticalScrollBar()->setValue(corrida);
             for (const auto* c : cajas)
                 if (const QPoint medio = c->mapTo(marco->viewport(), c->rect().center());
-                    c->visibleRegion().isEmpty() && marco->viewport()->rect().contains(medio))
+                    c->visibleRegion().isEmpty() && marco->viewport()->rect().contains(medio)) {
                     QVERIFY(!c->isAncestorOf(marco->viewport()->childAt(medio)) &&
                             marco->viewport()->childAt(medio) != c);
+                    ++tapadas;
+                }
         }
+        QVERIFY2(enteras > 0 && tapadas > 0,
+                 qPrintable(QString("%1 enteras, %2 tapadas").arg(enteras).arg(tapadas)));
         // Con más área vuelven, aunque la barra siga angosta.
         barra->resize(entera.width() - 10, entera.height());
         QVERIFY(primero->iconSize().isEmpty());
@@ -273,13 +309,17 @@ private slots:
         agote_eventos();
         QVERIFY(en(filas[20], p).left() > en(filas[0], p).right());
         auto* marco = qobject_cast<QAbstractScrollArea*>(p->parentWidget()->parentWidget());
+        int enteras = 0;
         for (int corrida = 0; corrida < 60; corrida += 3) {
             marco->verticalScrollBar()->setValue(corrida);
             for (const QWidget* w : filas)
                 if (const QRect r = w->visibleRegion().boundingRect();
-                    en(w, p).top() > corrida && !r.isEmpty())
+                    en(w, p).top() > corrida && !r.isEmpty()) {
                     QCOMPARE(r.height(), w->height());
+                    ++enteras;
+                }
         }
+        QVERIFY(enteras > 0);
     }
 
     void la_fila_de_busqueda_arma_su_criterio_y_enter_busca_antes_de_escoger() {

@@ -1,6 +1,20 @@
 #include "vouchers/digitador.h"
 
+#include <QMdiSubWindow>
+
 namespace {
+
+/// Cuántas veces cambia de tamaño.
+class CuentaTamanos : public QObject {
+public:
+    int cuantos = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* evento) override {
+        cuantos += evento->type() == QEvent::Resize;
+        return false;
+    }
+};
 
 const QStringList kCuadrado{"110505:100:0", "310505:0:100"};
 const char* const kNiif = "comprobante_detalle_niif";
@@ -59,14 +73,64 @@ private slots:
         Interlocutor i;
         // De un tipo que no se sabe mostrar: lo dice y se edita igual.
         ponga_comprobante(s, 501, "000021", "20170316", kCuadrado, "comprobante_detalle", 19, 9);
-        i.espere("Se presento el siguiente error: No se pudo ver el documento de tipo 19 con id 9: "
-                 "El programa no muestra los documentos de tipo 19.");
+        // Con su ventana a la vista, para que se sepa de cuál se habla.
+        i.espere_modal("dialogo", [&](QWidget* w) {
+            QCOMPARE(static_cast<QMessageBox*>(w)->text(),
+                     "Se presento el siguiente error: No se pudo ver el documento de tipo 19 con "
+                     "id 9: El programa no muestra los documentos de tipo 19.");
+            const Pantalla* suya = s.escritorio.abierta("Tfedtmovimien");
+            QVERIFY(suya && suya->isVisible());
+            QTest::keyClick(w, Qt::Key_Escape);
+        });
         p = abra_edicion(s, 501);
         QVERIFY2(p && i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->EDia->text() + p->EMes->text() + p->EAno->text(), "16Marzo2017");
         p->close();
         i.espere("No se encontró el comprobante solicitado.");
         QVERIFY(!abra_edicion(s, 12345));
+    }
+
+    void la_ventana_de_uno_con_muchas_lineas_se_queda_quieta() {
+        SesionGui s;
+        Digitador d(s);
+        QStringList lineas;
+        for (int i = 0; i < 40; ++i)
+            lineas << kCuadrado;
+        ponga_comprobante(s, 1, "000123", "20170315", lineas);
+        const Tfedtmovimien* p = abra_edicion(s, 1);
+        QMdiSubWindow* ventana = s.escritorio.area()->subWindowList().value(0);
+        agote_eventos();
+        CuentaTamanos tamanos;
+        ventana->installEventFilter(&tamanos);
+        agote_eventos();
+        QCOMPARE(tamanos.cuantos, 0);
+        // Sin barra, o con todo el ancho del área, no tendría por qué moverse.
+        QVERIFY(p->lineas_2649->rejilla->verticalScrollBar()->maximum() > 0);
+        QVERIFY2(ventana->width() < p->area_principal().width(),
+                 qPrintable(QString::number(ventana->width())));
+    }
+
+    void lo_que_no_se_replica_por_el_bloqueo_se_advierte_al_grabar() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado, kNiif);
+        s.base.ejecute({"update comprobante_encabezado set enco_repniif = 'S'"});
+        d.configure("GENERAL", "FECHA DE BLOQUEO NIIF", "20170331");
+        Tfedtmovimien* p = abra_edicion(s, 1);
+        p->PageControl1->setCurrentIndex(0);
+        for (const char* campo : {"CODE_DEBITO", "CODE_CREDITO"}) {
+            p->CDetalle.Locate("CUEN_COD", {campo == QString("CODE_DEBITO") ? "110505" : "310505"});
+            p->CDetalle.Edit();
+            p->CDetalle.FieldByName(campo) = 200;
+        }
+        oprima(Qt::Key_F2);
+        QCOMPARE(
+            s.dato("select (select sum(code_debito) from comprobante_detalle) || ' ' || "
+                   "(select sum(code_debito) from comprobante_detalle_niif) from rdb$database"),
+            "200.00 100.00");
+        QCOMPARE(d.barra.text(), "Advertencia: El libro NIIF está bloqueado a la fecha del "
+                                 "comprobante: sus líneas quedaron como estaban.");
     }
 
     void las_fechas_de_bloqueo_y_el_origen_deciden_que_se_puede_cambiar() {
@@ -326,6 +390,11 @@ private slots:
             puede ? s.otorgue(30) : s.niegue(30);
             Tfedtmovimien* p = abra_edicion(s, 1);
             QCOMPARE(p->SBGrabar->isEnabled(), puede);
+            p->close();
+            // Del de otro módulo, a quien no puede grabar no se le dice que algo se graba.
+            p = abra_edicion(s, 2);
+            QCOMPARE(d.barra.text().contains("NIIF se graba al pasar de página"), puede);
+            p->CMovimiento.CancelUpdates();
             p->close();
         }
         s.niegue(32);

@@ -56,6 +56,25 @@ private slots:
         QCOMPARE(p->CMovimiento.FieldByName("TERC_NIT").texto(), QString());
     }
 
+    void tras_volver_con_mayus_tab_desde_el_tipo_la_pregunta_es_de_la_celda() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = comprobante(d, "uno");
+        digite("510506", Qt::Key_Return);
+        p->LTipo->setFocus();
+        constexpr int kBotones = 12; // de «Tipo» hacia atrás se llega por los de la barra
+        for (int i = 0; i < kBotones && !d.rejilla().enfocada(); ++i)
+            oprima(Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(d.rejilla().enfocada());
+        d.rejilla().SelectedIndex(LineasLibro::kTercero);
+        digite("?", Qt::Key_Return);
+        QCOMPARE(s.escritorio.activa()->objectName(), "Tfterceros");
+        escoja_tercero(s, "800456789");
+        QCOMPARE(s.escritorio.activa(), p);
+        QCOMPARE(celda(p, "TERC_NIT"), "800456789");
+        QCOMPARE(p->CMovimiento.FieldByName("TERC_NIT").texto(), QString());
+    }
+
     void el_tercero_que_se_crea_vuelve_al_campo_que_lo_pidio() {
         SesionGui s;
         Digitador d(s);

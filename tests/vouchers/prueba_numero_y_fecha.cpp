@@ -1,4 +1,6 @@
 // El número que otro tomó, el que se acaba, el día que no existe y el período bloqueado.
+#include "tax/cierre_de_prueba.h"
+#include "toolkit/historia_avisos.h"
 #include "vouchers/digitador.h"
 
 namespace {
@@ -126,6 +128,73 @@ private slots:
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select enco_fecha from comprobante_encabezado"), "20170430");
         QVERIFY(d.barra.text().startsWith("Advertencia: Abril de 2017 tiene 30 días"));
+    }
+
+    void el_cierre_ya_hecho_se_dice_una_vez_y_de_varios_avisos_la_barra_dice_el_primero() {
+        SesionGui s;
+        Digitador d(s);
+        s.cnt.periodo_actual = 1;
+        grabe(s.base.base(), 501, "20170310",
+              {{1, "111005", Moneda(750), {}}, {2, "413505", {}, Moneda(750), {}, "0002", "0001"}});
+        cierre_anual(s.base.base(), "20171231");
+        s.base.ejecute({"update prefijos_conta set pref_numero = '000010' where tico_cod = 'CG'"});
+        const QString cierre =
+            "Advertencia: Haga de nuevo el cierre " +
+            s.dato(
+                "select c.tico_cod || ' ' || c.prco_pref || ' ' || c.enco_numero from "
+                "comprobante_encabezado c join cierre_anual a on a.enco_consec = c.enco_consec") +
+            " si esto cambió sus resultados.";
+        const auto dichos = [&] {
+            QStringList textos;
+            for (const auto& a : HistoriaAvisos::de(&d.barra)->avisos())
+                textos << a.texto;
+            return textos;
+        };
+        const auto gasto = [&] {
+            d.entre_a_la_rejilla();
+            d.linea({"519530", "", "0002", "0001", "", "", "", "", "", "10", "", ""});
+            d.linea({"310505", "", "", "", "", "", "", "", "", "", "10"});
+        };
+        const auto pase = [](Qt::Key hacia) { oprima(hacia, Qt::ControlModifier); };
+        Tfmovimien* p = d.comience("CG", "05", "x");
+        gasto();
+        pase(Qt::Key_PageDown);
+        QVERIFY2(numeros(s).contains("000010"), qPrintable(numeros(s)));
+        QCOMPARE(d.barra.text(), cierre);
+        pase(Qt::Key_PageUp); // lo mismo, ni al volver ni con F2
+        oprima(Qt::Key_F2);
+        QCOMPARE(dichos().count(cierre), 1);
+        // Sin cuentas de resultados no hay qué decir.
+        d.encabezado("CG", "05", "y");
+        d.asiento("110505", "310505", "10");
+        oprima(Qt::Key_F2);
+        QCOMPARE(dichos().count(cierre), 1);
+        // Con el número que otro tomó y el día que no existe: los tres quedan en la historia.
+        d.encabezado("CG", "05", "z");
+        gasto();
+        ponga_comprobante(s, 701, "000012", "20170101", {});
+        p->EDia->setFocus();
+        p->EDia->selectAll();
+        digite("31");
+        pase(Qt::Key_PageDown);
+        QCOMPARE(s.dato("select enco_fecha from comprobante_encabezado where enco_numero = "
+                        "'000013'"),
+                 "20170228");
+        const QString dia = "Advertencia: Febrero de 2017 tiene 28 días: el comprobante queda con "
+                            "el día 28. Y otros 2 avisos: Ctrl+Mayús+H.";
+        QCOMPARE(d.barra.text(), dia);
+        QCOMPARE(dichos().last(3),
+                 QStringList({"Advertencia: El número 000012 lo tomó otro comprobante: este quedó "
+                              "con el 000013.",
+                              cierre, dia}));
+        pase(Qt::Key_PageUp);
+        oprima(Qt::Key_F2);
+        // Con dos, el del cierre va adelante.
+        d.encabezado("CG", "05", "w");
+        gasto();
+        ponga_comprobante(s, 702, "000014", "20170101", {});
+        oprima(Qt::Key_F2);
+        QCOMPARE(d.barra.text(), cierre + " Y otro aviso: Ctrl+Mayús+H.");
     }
 
     void lo_bloqueado_no_se_graba_y_cada_libro_tiene_su_llave() {

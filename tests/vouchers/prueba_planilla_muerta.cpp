@@ -1,10 +1,12 @@
 // Un programa que muere con su pantalla abierta (corte de luz, kill -9). Una planilla que estaba
 // grabando deja todos sus comprobantes o ninguno, y la hoja se puede volver a grabar; los saldos
-// iniciales que se digitaban se ofrecen al volver. El que muere es este mismo programa.
+// iniciales y el comprobante que se digitaban se ofrecen al volver. El que muere es este mismo
+// programa.
 #include "apoyo/muerte.h"
 #include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/huerfano.h"
 #include "sesion/borrador_filas.h"
+#include "vouchers/borrador_vivo.h"
 #include "vouchers/digitador.h"
 #include "vouchers/lineas_saldos.h"
 #include "vouchers/peticiones_planilla.h"
@@ -15,6 +17,7 @@ namespace {
 
 constexpr const char* kBase = "QUORVEX_PLANILLA_DE";
 constexpr const char* kSaldos = "QUORVEX_SALDOS_DE";
+constexpr const char* kComprobante = "QUORVEX_COMPROBANTE_DE";
 constexpr int kFilas = 40;
 
 void entre_a(SesionGui& s, const QString& base) {
@@ -61,11 +64,37 @@ void digite_saldos(const QString& base) {
     QEventLoop().exec();
 }
 
+/// Deja un comprobante a medio digitar, con lo que su borrador guarde solo.
+void digite_comprobante(const QString& base) {
+    const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
+    SesionGui s;
+    Digitador d(s);
+    entre_a(s, base);
+    Tfmovimien* p = d.abra("CG", "17", "Nómina de mayo");
+    d.linea({"110505", "", "", "", "", "", "", "", "", "1000", "", ""});
+    d.linea({"310505", "", "", "", "", "", "", "", "", "", "400"});
+    const QDir carpeta(p->findChild<BorradorVivo*>()->carpeta());
+    // Nadie se lo pide: es su reloj.
+    if (QTest::qWaitFor(
+            [&] {
+                QFile f(carpeta.filePath(borradores(carpeta).value(0)));
+                return f.open(QIODevice::ReadOnly) &&
+                       f.readAll().contains("\"CODE_CREDITO\":\"400");
+            },
+            30000))
+        diga_listo();
+    else
+        std::exit(1);
+    QEventLoop().exec();
+}
+
 class Moribundo : public QObject {
     Q_OBJECT
 private slots:
     void trabaje() {
-        if (qEnvironmentVariableIsSet(kSaldos))
+        if (qEnvironmentVariableIsSet(kComprobante))
+            digite_comprobante(qEnvironmentVariable(kComprobante));
+        else if (qEnvironmentVariableIsSet(kSaldos))
             digite_saldos(qEnvironmentVariable(kSaldos));
         else
             grabe_la_hoja(qEnvironmentVariable(kBase), diga_listo);
@@ -124,6 +153,38 @@ private slots:
                  qPrintable(QString("%1 enteros y %2 sin hacer").arg(hechos).arg(nada)));
     }
 
+    void el_comprobante_que_se_digitaba_se_ofrece_sin_que_nadie_lo_guardara() {
+        BaseDePrueba b;
+        const QString lugar = b.parametros().base;
+        b.base().desconectar();
+        QVERIFY2(corra_y_mate({{kComprobante, lugar}}, 0) >= 0, "el borrador no se guardó solo");
+        const RelojDetenido despues({2017, 5, 15}, {10, 5});
+        SesionGui s;
+        Digitador d(s);
+        entre_a(s, lugar);
+        const auto dato = [&](const char* sql) { return s.dm.Quorvex.consulte(sql).texto(); };
+        QCOMPARE(dato("select count(*) from comprobante_encabezado"), "0");
+        Interlocutor i;
+        i.espere("Hace 5 minutos quedó un comprobante sin grabar: CG 0001, «Nómina de mayo», 2 "
+                 "líneas. Desea retomarlo?",
+                 "Sí");
+        Tfmovimien* p = d.abra();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->EDia->text(), "17");
+        QCOMPARE(p->CDetalle.RecordCount(), 2);
+        d.entre_a_la_rejilla();
+        p->CDetalle.Last();
+        oprima(Qt::Key_Down);
+        d.rejilla().SelectedIndex(0);
+        d.linea({"310505"});
+        oprima_seguidas({Qt::Key_F5, Qt::Key_F2});
+        QCOMPARE(dato("select enco_fecha || ' ' || enco_concepto || ' ' || (select "
+                      "list(cast(code_credito as integer)) from comprobante_detalle) from "
+                      "comprobante_encabezado"),
+                 "20170117 Nómina de mayo 0,400,600");
+        QVERIFY(borradores(p->findChild<BorradorVivo*>()->carpeta()).isEmpty());
+    }
+
     void los_saldos_que_se_digitaban_se_ofrecen_una_vez_con_su_edad() {
         BaseDePrueba b;
         b.ejecute({"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, sain_credito) "
@@ -163,7 +224,8 @@ private slots:
 
 int main(int argc, char** argv) {
     QApplication aplicacion(argc, argv);
-    if (qEnvironmentVariableIsSet(kBase) || qEnvironmentVariableIsSet(kSaldos)) {
+    if (qEnvironmentVariableIsSet(kBase) || qEnvironmentVariableIsSet(kSaldos) ||
+        qEnvironmentVariableIsSet(kComprobante)) {
         Moribundo moribundo;
         return QTest::qExec(&moribundo, {"moribundo"});
     }
