@@ -208,7 +208,7 @@ void Tfprincipal::arme_ventana() {
     agregue("&Cascada", "Cascada1", [this] { area_->cascadeSubWindows(); });
     agregue("Mosaico &horizontal", "MosaicoHorizontal1", [this] { mosaico(Qt::Vertical); });
     agregue("Mosaico &vertical", "MosaicoVertical1", [this] { mosaico(Qt::Horizontal); });
-    agregue("&Minimizar todas", "MinimizarTodas1", [this] {
+    agregue("M&inimizar todas", "MinimizarTodas1", [this] {
         for (QMdiSubWindow* v : area_->subWindowList())
             v->showMinimized();
     });

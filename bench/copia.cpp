@@ -25,18 +25,20 @@ QString cuenta_afectable(Conexion& c, bool con_tercero) {
 }
 
 void agrande_plan(Conexion& c, int cuantas) {
-    // Las superiores, y bajo ellas las demás.
+    // Las superiores, y bajo ellas las demás: diez mil en cada rama.
     const QString cuenta = " insert into cuentas (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, "
                            "cuen_retencion, cuen_tipo, cuen_activa) select %1, 'Cuenta', 'N', 'N', "
                            "'N', 'N', 'S' from rdb$database where not exists (select 1 from "
                            "cuentas where cuen_cod = %1);";
     QString superiores;
-    for (const char* codigo : {"'9'", "'99'", "'9900'"})
+    for (const char* codigo : {"'9'", "'99'"})
         superiores += cuenta.arg(codigo);
+    const QString rama = "'99' || lpad(:i / 10000, 2, '0')", resto = " || lpad(mod(:i, 10000)";
     c.ejecute(QString("execute block as declare i integer = 0; begin %1 while (i < %2) do begin "
-                      "if (mod(i, 100) = 0) then %3 %4 i = i + 1; end end")
+                      "if (mod(i, 10000) = 0) then %3 if (mod(i, 100) = 0) then %4 %5 i = i + 1; "
+                      "end end")
                   .arg(superiores)
                   .arg(cuantas)
-                  .arg(cuenta.arg("'9900' || lpad(:i / 100, 2, '0')"),
-                       cuenta.arg("'9900' || lpad(:i, 4, '0')")));
+                  .arg(cuenta.arg(rama), cuenta.arg(rama + resto + " / 100, 2, '0')"),
+                       cuenta.arg(rama + resto + ", 4, '0')")));
 }

@@ -213,7 +213,7 @@ void Tfcompresupuesto::consulte() {
     if (!antes.isEmpty())
         CComparacion.Locate("CUENTA", {antes});
     DBGridEh1->titulo_impreso =
-        QString("%1 · %2 de %3").arg(windowTitle(), EMes->text(), EAno->text());
+        QString("%1 · Libro 2649 · %2 de %3").arg(windowTitle(), EMes->text(), EAno->text());
 }
 
 void Tfcompresupuesto::mueva(int paso) {

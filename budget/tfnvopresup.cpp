@@ -107,7 +107,7 @@ void Tfnvopresup::FormCreate() {
     setWindowTitle(QString("%1: %2 de %3")
                        .arg(windowTitle(), Tfdm::nombres_periodo().value(periodo_.indice))
                        .arg(periodo_.ano));
-    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+    DBGridEh1->titulo_impreso = windowTitle() + " · Libro 2649  %[Today]";
     LMes->setCurrentIndex(qMax(0, periodo_.indice - 1));
     EAnoOrigen->setValue(periodo_.ano);
     CPresupuesto.Open("select * from presupuesto" + del_mes(periodo_.ano, periodo_.numero()));

@@ -154,7 +154,7 @@ void Tfpresupuesto::abre_presupuesto() {
                       (centro.isEmpty() ? QStringLiteral("'','')")
                                         : QuotedStr(centro[0]) + ',' + QuotedStr(centro[1]) + ')'));
     DBGridEh1->titulo_impreso =
-        QStringLiteral("%1 · %2 de %3%4")
+        QStringLiteral("%1 · Libro 2649 · %2 de %3%4")
             .arg(windowTitle(), Tfdm::nombres_periodo().value(periodo_.indice))
             .arg(periodo_.ano)
             .arg(centro.isEmpty() ? QString() : " · Centro " + LCentro->currentText());

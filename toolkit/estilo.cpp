@@ -1,6 +1,7 @@
 #include "toolkit/estilo.h"
 
 #include "toolkit/aire.h"
+#include "toolkit/consejo.h"
 #include "toolkit/controles/pegado_en_linea.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/textos_qt.h"
@@ -13,7 +14,6 @@
 #include <QFocusEvent>
 #include <QFontDatabase>
 #include <QFontMetricsF>
-#include <QHelpEvent>
 #include <QIconEngine>
 #include <QLibraryInfo>
 #include <QLineEdit>
@@ -23,7 +23,6 @@
 #include <QStandardPaths>
 #include <QStyleFactory>
 #include <QStyleOption>
-#include <QToolTip>
 #include <QTranslator>
 #include <QWidget>
 #include <QtMath>
@@ -51,8 +50,10 @@ QColor fondo_fijo() {
     return segun({0xe9, 0xed, 0xf1}, {0x34, 0x3b, 0x42});
 }
 
-/// Una caja que no se está digitando muestra el comienzo de su texto, y completo en su letrero si
-/// no cabe.
+constexpr const char* kTextoCortado = "texto_cortado"; ///< el que una lista no muestra entero
+
+/// Una caja que no se está digitando muestra el comienzo de su texto, y completo en su consejo si
+/// no cabe. Una lista, también.
 class LectorDeCajas : public QObject {
 public:
     using QObject::QObject;
@@ -78,8 +79,15 @@ public:
         });
     }
 
+    void atienda(QComboBox* lista) {
+        lista->removeEventFilter(this); // se pule otra vez al cambiar el tema
+        lista->installEventFilter(this);
+    }
+
 protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override {
+        if (auto* lista = qobject_cast<QComboBox*>(objeto); lista)
+            return evento->type() == QEvent::ToolTip && aconseje(*lista, evento);
         auto* caja = qobject_cast<QLineEdit*>(objeto);
         if (!caja)
             return false;
@@ -98,17 +106,29 @@ protected:
             diga_que_sigue(*caja);
             return true;
         }
-        if (evento->type() != QEvent::ToolTip || !caja->toolTip().isEmpty() ||
-            caja->echoMode() != QLineEdit::Normal)
+        if (evento->type() != QEvent::ToolTip || caja->echoMode() != QLineEdit::Normal ||
+            cabe(caja))
             return false;
-        if (cabe(caja))
-            return false;
-        QToolTip::showText(static_cast<QHelpEvent*>(evento)->globalPos(),
-                           QStringLiteral("<p>%1</p>").arg(caja->text().toHtmlEscaped()), caja);
+        muestre_consejo(evento, con_su_ayuda(caja->text(), *caja), caja);
         return true;
     }
 
 private:
+    /// El texto cortado y, si la caja tiene su propio consejo, también.
+    static QString con_su_ayuda(const QString& texto, const QWidget& caja) {
+        const QString ayuda = caja.toolTip();
+        return ayuda.isEmpty() || ayuda == texto ? texto : texto + QStringLiteral("\n\n") + ayuda;
+    }
+    static bool aconseje(QComboBox& lista, QEvent* evento) {
+        const QLineEdit* caja = lista.lineEdit();
+        const QString cortado = !caja        ? lista.property(kTextoCortado).toString()
+                                : cabe(caja) ? QString()
+                                             : caja->text();
+        if (cortado.isEmpty())
+            return false;
+        muestre_consejo(evento, con_su_ayuda(cortado, lista), &lista);
+        return true;
+    }
     static bool cabe(const QLineEdit* caja) {
         const QFontMetrics medidas = caja->fontMetrics();
         return medidas.horizontalAdvance(caja->text()) <=
@@ -160,6 +180,8 @@ public:
         if (auto* caja = qobject_cast<QLineEdit*>(widget)) {
             lector_.atienda(caja);
             cuide_lo_pegado(*caja);
+        } else if (auto* lista = qobject_cast<QComboBox*>(widget)) {
+            lector_.atienda(lista);
         }
     }
 
@@ -282,6 +304,15 @@ public:
             pinte_pestana(*pestana, pintor, widget);
             return;
         }
+        if (elemento == CE_TabBarTabLabel && pestana && pestana->state.testFlag(State_HasFocus)) {
+            // Qt le pinta el suyo, de un píxel, sin preguntarle al estilo.
+            QStyleOptionTab copia = *pestana;
+            copia.state.setFlag(State_HasFocus, false);
+            QProxyStyle::drawControl(elemento, &copia, pintor, widget);
+            const int aire = 1 + pixelMetric(PM_DefaultFrameWidth, opcion, widget);
+            anillo(pintor, pestana->rect.adjusted(aire + 1, aire, -aire - 1, -aire));
+            return;
+        }
         const auto* lista = qstyleoption_cast<const QStyleOptionComboBox*>(opcion);
         if (elemento == CE_ComboBoxLabel && lista && !lista->editable) {
             QStyleOptionComboBox copia = *lista;
@@ -289,6 +320,12 @@ public:
                 subControlRect(CC_ComboBox, lista, SC_ComboBoxEditField, widget).width() - 2;
             copia.currentText =
                 lista->fontMetrics.elidedText(lista->currentText, Qt::ElideRight, sitio);
+            // No siempre es el de una de sus filas: aquí se sabe cuál se pinta.
+            if (const QVariant cortado = copia.currentText == lista->currentText
+                                             ? QVariant()
+                                             : QVariant(lista->currentText);
+                widget && widget->property(kTextoCortado) != cortado)
+                const_cast<QWidget*>(widget)->setProperty(kTextoCortado, cortado);
             QProxyStyle::drawControl(elemento, &copia, pintor, widget);
             return;
         }

@@ -7,9 +7,11 @@
 
 #include <QAbstractSpinBox>
 #include <QBoxLayout>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSplitter>
 #include <QWidget>
@@ -57,6 +59,60 @@ void recolecte(QWidget* control, QVector<QWidget*>& lista) {
             recolecte(static_cast<QWidget*>(hijo), lista);
 }
 
+QString sin_marcas(QString texto) {
+    texto.remove(QLatin1Char('&'));
+    if (texto.endsWith(QLatin1Char(':')))
+        texto.chop(1);
+    return texto;
+}
+
+/// Las cajas de solo leer que acompañan a una rotulada: el nombre tras su código, el año tras el
+/// mes. Quien no ve la pantalla las oye con el rótulo de la que completan.
+class NombreQueSigue {
+public:
+    explicit NombreQueSigue(const QString& rotulo) : rotulo_(rotulo) {}
+    void recorra(QWidget* w) {
+        const auto* rotulo = qobject_cast<QLabel*>(w);
+        if (rotulo && rotulo->buddy()) {
+            rotulo_ = sin_marcas(rotulo->text());
+            dicho_ = false;
+        } else if (qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w) ||
+                   qobject_cast<QAbstractSpinBox*>(w)) {
+            nombre(*w);
+        } else if (w->layout()) {
+            recorra(w->layout());
+        }
+    }
+
+private:
+    void recorra(QLayout* arreglo) {
+        for (int i = 0; i < arreglo->count(); ++i) {
+            if (QWidget* w = arreglo->itemAt(i)->widget())
+                recorra(w);
+            else if (QLayout* interior = arreglo->itemAt(i)->layout())
+                recorra(interior);
+        }
+    }
+    void nombre(QWidget& caja) {
+        if (!caja.accessibleName().isEmpty()) {
+            rotulo_ = caja.accessibleName();
+        } else if (!rotulo_.isEmpty() && !(caja.focusPolicy() & Qt::TabFocus)) {
+            const QString cual = caja.objectName();
+            const char* que = !dicho_                                  ? ""
+                              : cual.startsWith(QLatin1String("Nom"))  ? ": nombre"
+                              : cual.startsWith(QLatin1String("EMes")) ? ": mes"
+                              : cual.startsWith(QLatin1String("EAno")) ? ": año"
+                                                                       : "";
+            caja.setAccessibleName(rotulo_ + QString::fromUtf8(que));
+        }
+        dicho_ = true;
+    }
+    QString rotulo_;
+    bool dicho_ = false; ///< ya lo lleva una caja
+};
+
+constexpr const char* kRotulo = "rotulo"; ///< el del conjunto de controles de una casilla
+
 /// Una cifra corta, una fecha o un botón se quedan con su ancho.
 bool es_de_su_ancho(const QWidget* control) {
     return qobject_cast<const QAbstractSpinBox*>(control) ||
@@ -88,8 +144,10 @@ Formulario::~Formulario() {
 void Formulario::encadene() {
     QVector<QWidget*> orden;
     for (QWidget* control : puestos_)
-        if (control)
+        if (control) {
             recolecte(control, orden);
+            NombreQueSigue(control->property(kRotulo).toString()).recorra(control);
+        }
     puestos_.clear();
     for (int i = 1; i < orden.size(); ++i)
         QWidget::setTabOrder(orden[i - 1], orden[i]);
@@ -192,10 +250,8 @@ QLabel* Formulario::ponga_rotulo(QWidget* control, const QString& texto) {
 }
 
 void Formulario::nombre_accesible(QWidget* control, const QString& texto) {
-    QString limpio = texto;
-    limpio.remove(QLatin1Char('&'));
-    if (limpio.endsWith(QLatin1Char(':')))
-        limpio.chop(1);
+    const QString limpio = sin_marcas(texto);
+    control->setProperty(kRotulo, limpio);
     QWidget* w = receptor(control);
     if (w->accessibleName().isEmpty() || w->property("rotulado").toBool()) {
         w->setAccessibleName(limpio);

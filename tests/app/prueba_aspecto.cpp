@@ -3,11 +3,13 @@
 //
 // Con QUORVEX_FOTOS deja además una foto de cada una; `herramientas/fotos.sh` la corre a todas las
 // escalas.
+#include "apoyo_gui/consejo_visto.h"
 #include "apoyo_gui/fotos.h"
 #include "cada_pantalla.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/estilo.h"
+#include "toolkit/pivote/columna_fija.h"
 #include "toolkit/pivote/rejilla_cubo.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
@@ -299,6 +301,134 @@ void revise_cajas(const Pantalla* p, QStringList& faltas) {
             faltas << nombre_de(lista) + " no busca lo que se teclea con espacios";
 }
 
+/// Lo que se corta y su consejo no dice, y cuánto se vio de cada clase.
+class Consejos {
+public:
+    explicit Consejos(QStringList& faltas) : faltas_(faltas) {}
+    static inline QMap<QString, int> vistos;
+
+    void revise(const Pantalla* p) {
+        for (const Rejilla* r : p->findChildren<Rejilla*>())
+            if (r->isVisible())
+                de_rejilla(*r);
+        for (RejillaCubo* r : p->findChildren<RejillaCubo*>())
+            if (r->isVisible())
+                de_cubo(*r);
+        for (QLineEdit* e : p->findChildren<QLineEdit*>())
+            de_caja(*e);
+        for (QComboBox* l : p->findChildren<QComboBox*>())
+            de_lista(*l);
+    }
+
+private:
+    void exija(const QString& clase, const QWidget* dueno, QWidget* w, const QPoint& punto,
+               const QString& texto) {
+        ++vistos[clase];
+        const QString dicho = consejo_en(w, punto);
+        if (!dicho.contains(texto.simplified()))
+            faltas_ << QString("%1: se corta «%2» y su consejo dice «%3»")
+                           .arg(nombre_de(dueno), texto, dicho);
+    }
+    void de_rejilla(const Rejilla& r) {
+        const int ultima = r.rowAt(r.viewport()->height() - 1);
+        for (const int c : columnas_a_la_vista(r)) {
+            const int x = qMax(0, r.columnViewportPosition(c));
+            if (x >= r.viewport()->width())
+                continue;
+            const auto& titulos = static_cast<const EncabezadoRejilla&>(*r.horizontalHeader());
+            const QString titulo = r.columna(c).Titulo;
+            if (titulos.titulo_a_la_vista(c).simplified() != titulo.simplified())
+                exija("título", &r, titulos.viewport(), QPoint(x + 1, 2), titulo);
+            for (int f = 0; f <= (ultima < 0 ? r.modelo().rowCount() - 1 : ultima); ++f) {
+                const QRect celda = r.visualRect(r.model()->index(f, c)) & r.viewport()->rect();
+                const QString texto = r.modelo().texto(f, c);
+                const QFontMetrics m(r.aspecto_de(f).letra);
+                const int ancho =
+                    m.horizontalAdvance(texto.section('\n', 0, 0)) + 2 * DelegadoCelda::margen(m);
+                if (r.columna(c).casilla || celda.isEmpty() ||
+                    (ancho <= celda.width() && !texto.contains('\n')))
+                    continue;
+                exija("celda", &r, r.viewport(), celda.center(), texto);
+                break;
+            }
+        }
+    }
+    void de_cubo(RejillaCubo& r) {
+        QScrollBar& barra = *r.horizontalScrollBar();
+        for (const int corrida : {barra.maximum(), 0}) {
+            barra.setValue(corrida);
+            agote_eventos();
+            de_tabla("cubo", r, r.ancho_fijo());
+            if (auto* fija = r.findChild<ColumnaFija*>(); fija && fija->isVisible())
+                de_tabla("columna fija", *fija, 0);
+        }
+    }
+    void de_tabla(const QString& clase, const QTableView& t, int tapado) {
+        const int filas = qMin(t.model()->rowCount(), 40);
+        for (int c = 0; c < t.model()->columnCount(); ++c)
+            for (int f = 0; f < filas; ++f) {
+                const QModelIndex i = t.model()->index(f, c);
+                QRect celda = t.visualRect(i) & t.viewport()->rect();
+                celda.setLeft(qMax(celda.left(), c > 0 ? tapado : 0));
+                const QFont letra = qvariant_cast<QFont>(i.data(Qt::FontRole)).resolve(t.font());
+                const QString texto = i.data().toString();
+                if (celda.isEmpty() || celda.height() < 4 ||
+                    QFontMetrics(letra).horizontalAdvance(texto) <= celda.width() - 4)
+                    continue;
+                exija(clase, &t, t.viewport(), celda.center(), texto);
+                break;
+            }
+    }
+    void de_caja(QLineEdit& e) {
+        const bool parte = qobject_cast<QAbstractSpinBox*>(e.parentWidget()) ||
+                           qobject_cast<QComboBox*>(e.parentWidget()) || e.inherits("EditorCelda");
+        if (e.isVisible() && !parte && e.echoMode() == QLineEdit::Normal &&
+            e.fontMetrics().horizontalAdvance(e.text()) > e.contentsRect().width() - 4)
+            exija("caja", &e, &e, e.rect().center(), e.text());
+    }
+    void de_lista(QComboBox& l) {
+        if (!l.isVisible())
+            return;
+        QStyleOptionComboBox opcion;
+        opcion.initFrom(&l);
+        opcion.editable = l.isEditable();
+        opcion.frame = l.hasFrame();
+        opcion.subControls = QStyle::SC_All;
+        const int sitio =
+            l.style()
+                ->subControlRect(QStyle::CC_ComboBox, &opcion, QStyle::SC_ComboBoxEditField, &l)
+                .width();
+        if (l.fontMetrics().horizontalAdvance(l.currentText()) <= sitio)
+            return;
+        (void)l.grab(); // aunque haya que correr la pantalla para verla
+        exija("lista", &l, &l, l.rect().center(), l.currentText());
+    }
+    QStringList& faltas_;
+};
+
+/// El título de un recuadro va dentro de él, y nada se le monta.
+void revise_recuadros(const Pantalla* p, QStringList& faltas) {
+    for (const QGroupBox* g : p->findChildren<QGroupBox*>()) {
+        if (!g->isVisible() || g->title().isEmpty())
+            continue;
+        QStyleOptionGroupBox opcion;
+        opcion.initFrom(g);
+        opcion.text = g->title();
+        opcion.lineWidth = 1;
+        opcion.textAlignment = Qt::Alignment(g->alignment());
+        opcion.subControls = QStyle::SC_GroupBoxFrame | QStyle::SC_GroupBoxLabel;
+        const auto parte = [&](QStyle::SubControl cual) {
+            return g->style()->subControlRect(QStyle::CC_GroupBox, &opcion, cual, g);
+        };
+        const QRect titulo = parte(QStyle::SC_GroupBoxLabel);
+        if (!parte(QStyle::SC_GroupBoxFrame).adjusted(1, 1, -1, -1).contains(titulo))
+            faltas << nombre_de(g) + ": su título no queda dentro del recuadro";
+        for (const QWidget* w : g->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (w->isVisible() && w->geometry().intersects(titulo))
+                faltas << nombre_de(w) + " tapa el título de su recuadro";
+    }
+}
+
 /// Lo que un lector de pantalla diría de un control; vacío si nada.
 QString nombre_dicho(QWidget* w) {
     QAccessibleInterface* i = QAccessible::queryAccessibleInterface(w);
@@ -310,7 +440,11 @@ void revise_nombres(const Pantalla* p, QStringList& faltas) {
         const QWidget* padre = w->parentWidget();
         const bool parte =
             padre && (padre->inherits("QComboBox") || padre->inherits("QAbstractSpinBox"));
-        if (!w->isVisible() || parte || w->focusProxy() || !(w->focusPolicy() & Qt::TabFocus))
+        // Una caja que no recibe Tab también se lee.
+        const bool caja = qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w) ||
+                          qobject_cast<QAbstractSpinBox*>(w) || qobject_cast<QTextEdit*>(w);
+        if (!w->isVisible() || parte || w->focusProxy() ||
+            !(caja || w->focusPolicy() & Qt::TabFocus))
             continue;
         if (nombre_dicho(w).isEmpty())
             faltas << nombre_de(w) + " no dice su nombre";
@@ -324,6 +458,12 @@ void revise_nombres(const Pantalla* p, QStringList& faltas) {
                 faltas << QString("%1: la celda %2 no dice de qué es").arg(nombre_de(r)).arg(c);
         }
     }
+    for (const RejillaCubo* r : p->findChildren<RejillaCubo*>())
+        for (int c = 0; c < r->model()->columnCount(); ++c) {
+            const QModelIndex celda = r->model()->index(0, c);
+            if (celda.data(Qt::AccessibleDescriptionRole).toString().isEmpty())
+                faltas << QString("%1: la celda %2 no dice de qué es").arg(nombre_de(r)).arg(c);
+        }
 }
 
 void revise_botones(Pantalla* p, QStringList& faltas) {
@@ -377,6 +517,42 @@ void revise_vacias(const Pantalla* p, QStringList& faltas) {
         else if (r->isVisible() && r->conjunto() && !r->conjunto()->Active() &&
                  r->property("sin_consultar").isNull())
             faltas << nombre_de(r) + " abre en blanco y no dice cómo se consulta";
+}
+
+/// Vacía nombra la tecla con que se crea la primera: la suya, o la del botón que la crea.
+void revise_creacion(const Pantalla* p, QStringList& faltas) {
+    static const QRegularExpression crea("^(F\\d+)\\W*(Nuev|Crea|Adicion|Agreg)");
+    static const QRegularExpression tecla("\\bF\\d+\\b|Insert");
+    QStringList creadoras;
+    for (const QPushButton* b : p->findChildren<QPushButton*>())
+        if (const auto m = crea.match(b->text().remove('&')); m.hasMatch() && b->isVisible()) {
+            const int clave = QKeySequence(m.captured(1))[0].key();
+            if (std::ranges::any_of(p->teclas(), [=](const Tecla& t) { return t.clave == clave; }))
+                creadoras << m.captured(1); // hay un letrero que dice una que no sirve
+        }
+    bool dicha = creadoras.isEmpty();
+    for (const Rejilla* r : p->findChildren<Rejilla*>()) {
+        if (!r->isVisible() || !r->conjunto())
+            continue;
+        if (r->editable() && r->permite_insertar && !r->texto_vacio.contains(tecla))
+            faltas << nombre_de(r) + " no dice qué tecla crea la primera: " + r->texto_vacio;
+        for (const QString& f : creadoras)
+            dicha = dicha || r->texto_vacio.contains(f);
+    }
+    if (!dicha && p->findChild<Rejilla*>())
+        faltas << "ninguna lista vacía nombra " + creadoras.join('/');
+}
+
+/// Las filas de todas las listas tienen el mismo alto.
+void revise_filas(const Pantalla* p, QStringList& faltas) {
+    for (const QTableView* r : p->findChildren<QTableView*>()) {
+        const int esperado = r->fontMetrics().height() + escalado(6);
+        if (r->isVisible() && r->verticalHeader()->defaultSectionSize() != esperado)
+            faltas << QString("%1 tiene filas de %2 y las demás, de %3")
+                          .arg(nombre_de(r))
+                          .arg(r->verticalHeader()->defaultSectionSize())
+                          .arg(esperado);
+    }
 }
 
 /// Bajo el último control no queda en blanco más de la cuarta parte de la ventana. Los informes
@@ -464,6 +640,10 @@ QStringList revise(Pantalla* p) {
     revise_botones(p, faltas);
     revise_cortes(p, faltas);
     revise_vacias(p, faltas);
+    revise_creacion(p, faltas);
+    revise_filas(p, faltas);
+    revise_recuadros(p, faltas);
+    Consejos(faltas).revise(p);
     revise_lineas(p, faltas);
     revise_hueco(p, faltas);
     return faltas;
@@ -613,6 +793,12 @@ private slots:
         reproches.reset();
         diga_faltas(faltas);
         QVERIFY2(s_->errores().isEmpty(), qPrintable(s_->errores().join('|')));
+        const QByteArray juego = QTest::currentDataTag();
+        if (qEnvironmentVariableIsEmpty("QUORVEX_PANTALLA") && juego == "extremos" &&
+            area == QSize(1366, 768))
+            for (const char* clase : {"celda", "título"})
+                QVERIFY2(Consejos::vistos[clase] > 5, clase);
+        Consejos::vistos.clear();
     }
 
     void los_avisos_de_la_sesion_se_abren_tambien_con_el_teclado() {

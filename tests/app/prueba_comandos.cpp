@@ -69,6 +69,21 @@ private:
     const RegistroPantallas antes_;
 };
 
+/// Los renglones de un menú y de sus submenús que no tienen letra, o comparten la de otro.
+void sin_letra(const QList<QAction*>& renglones, const QString& ruta, QStringList& faltas) {
+    QSet<QString> letras;
+    for (const QAction* a : renglones) {
+        if (a->isSeparator() || !a->isVisible())
+            continue;
+        const QString letra = QKeySequence::mnemonic(a->text()).toString();
+        if (letra.isEmpty() || letras.contains(letra))
+            faltas << ruta + '/' + a->text();
+        letras << letra;
+        if (a->menu())
+            sin_letra(a->menu()->actions(), ruta + '/' + a->text(), faltas);
+    }
+}
+
 /// Entradas de un menú, con las de sus submenús: ruta, componente y tecla.
 void recorra(const QMenu* menu, const QString& ruta, QStringList& entradas) {
     for (const QAction* a : menu->actions()) {
@@ -144,6 +159,37 @@ private slots:
             QCOMPARE(vistos, esperadas);
         }
         QCOMPARE(con_tecla, QStringList());
+    }
+
+    void cada_orden_tiene_su_pantalla_y_cada_renglon_de_menu_su_letra() {
+        int vistas = 0;
+        for (const Orden& o : ordenes()) {
+            if (o.abre.isEmpty() || o.como == "informe")
+                continue;
+            ++vistas;
+            QVERIFY2(pantallas().existe(o.abre), qPrintable(o.ruta + " abre " + o.abre));
+        }
+        QVERIFY2(vistas > 70, qPrintable(QString::number(vistas)));
+        Tfprincipal& p = s_->entre();
+        escritorio()->muestre(new Testigo("Abierta"));
+        for (QMenu* m : p.findChildren<QMenu*>())
+            emit m->aboutToShow();
+        QStringList faltas;
+        for (const QAction* a : p.menuBar()->actions())
+            sin_letra(a->menu()->actions(), a->text(), faltas);
+        // En la barra, Alt con una letra es primero de los botones: el título cuyas letras son
+        // todas de otros no tiene, y a él se llega con F10.
+        QSet<QString> tomadas;
+        for (const Orden& o : ordenes())
+            if (o.es_boton())
+                tomadas << QKeySequence(o.tecla).toString().right(1);
+        for (const QAction* a : p.menuBar()->actions())
+            tomadas << QKeySequence::mnemonic(a->text()).toString().right(1);
+        for (const QAction* a : p.menuBar()->actions())
+            for (const QChar c : a->text().contains('&') ? QString() : a->text().toUpper())
+                if (c >= 'A' && c <= 'Z' && !tomadas.contains(c))
+                    faltas << a->text() + " podría tener " + c;
+        QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join('\n')));
     }
 
     void cada_orden_exige_su_opcion_y_ninguna_otra() {

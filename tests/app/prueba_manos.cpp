@@ -137,6 +137,48 @@ QVector<std::pair<QString, QString>> letras_subrayadas(const Pantalla& p) {
     return letras;
 }
 
+/// Cuadros de dos píxeles por dos que el foco pone en un control con su color: una raya de uno no
+/// tiene ninguno.
+int cuadros_del_foco(const QImage& con, const QImage& sin) {
+    const QColor color = QApplication::palette().color(QPalette::Active, QPalette::Link);
+    const auto parecido = [&](const QImage& i, int x, int y) {
+        constexpr int kTolera = 24;
+        const QColor c = i.pixelColor(x, y);
+        return qAbs(c.red() - color.red()) < kTolera && qAbs(c.green() - color.green()) < kTolera &&
+               qAbs(c.blue() - color.blue()) < kTolera;
+    };
+    const auto suyo = [&](int x, int y) { return parecido(con, x, y) && !parecido(sin, x, y); };
+    int cuadros = 0;
+    for (int y = 0; y + 1 < qMin(con.height(), sin.height()); ++y)
+        for (int x = 0; x + 1 < qMin(con.width(), sin.width()); ++x)
+            cuadros += suyo(x, y) && suyo(x + 1, y) && suyo(x, y + 1) && suyo(x + 1, y + 1);
+    return cuadros;
+}
+
+/// De cada clase de control, que el foco se vea en el primero que la pantalla tenga.
+void revise_foco(const Pantalla* p, QSet<QString>& vistas, QStringList& malas) {
+    constexpr int kCuadros = 20;
+    for (QWidget* w : p->findChildren<QWidget*>()) {
+        const QString clase = w->metaObject()->className();
+        const QWidget* padre = w->parentWidget();
+        const bool parte =
+            qobject_cast<const QComboBox*>(padre) || qobject_cast<const QAbstractSpinBox*>(padre);
+        if (vistas.contains(clase) || !disponible(w) || parte || w->focusProxy() ||
+            !(w->focusPolicy() & Qt::TabFocus) || w->visibleRegion().isEmpty())
+            continue;
+        w->clearFocus();
+        const QImage sin = w->grab().toImage();
+        w->setFocus(Qt::TabFocusReason);
+        QCoreApplication::processEvents();
+        if (!w->hasFocus())
+            continue;
+        vistas << clase;
+        if (cuadros_del_foco(w->grab().toImage(), sin) < kCuadros)
+            malas << p->objectName() + '.' + w->objectName() + " (" + clase +
+                         "): su foco no se ve en dos píxeles";
+    }
+}
+
 } // namespace
 
 class PruebaManos : public QObject {
@@ -147,7 +189,7 @@ private slots:
 
     void lo_que_cada_pantalla_dice_de_sus_teclas_es_verdad();
     void cada_lista_desplegable_se_halla_tecleando_seguido();
-    void cada_boton_con_foco_se_oprime_con_enter_y_con_espacio();
+    void el_foco_se_ve_y_cada_boton_con_el_se_oprime_con_enter_y_con_espacio();
     void en_cada_memo_ctrl_enter_hace_renglon();
     void cada_fila_nueva_empieza_donde_se_digita();
     void lo_digitado_en_una_ficha_no_se_pierde_con_esc();
@@ -178,6 +220,11 @@ void PruebaManos::lo_que_cada_pantalla_dice_de_sus_teclas_es_verdad() {
         QMap<QString, QString> letras;
         for (const QAction* a : s_->principal->menuBar()->actions())
             letras[QKeySequence::mnemonic(a->text()).toString()] = "un menú";
+        for (const QMenu* m : p->findChildren<QMenu*>())
+            for (const QAction* a : m->actions())
+                if (!a->isSeparator() && !a->menu() &&
+                    QKeySequence::mnemonic(a->text()).isEmpty() && !m->title().isNull())
+                    malas << esta + m->objectName() + ": «" + a->text() + "» no tiene letra";
         for (const auto& [letra, quien] : letras_subrayadas(*p))
             if (letras.contains(letra))
                 malas << esta + letra + " de «" + quien + "» es de " + letras[letra];
@@ -215,10 +262,15 @@ void PruebaManos::cada_lista_desplegable_se_halla_tecleando_seguido() {
     diga_faltas(malas);
 }
 
-void PruebaManos::cada_boton_con_foco_se_oprime_con_enter_y_con_espacio() {
+void PruebaManos::el_foco_se_ve_y_cada_boton_con_el_se_oprime_con_enter_y_con_espacio() {
     QStringList malas;
+    QSet<QString> clases;
     int vistos = 0;
     con_cada_pantalla(*s_, [&](Pantalla* p) {
+        {
+            Interlocutor callado(Interlocutor::EnSilencio); // dejar una caja puede traer su mensaje
+            revise_foco(p, clases, malas);
+        }
         for (QPushButton* b : p->findChildren<QPushButton*>()) {
             if (!disponible(b) || !(b->focusPolicy() & Qt::TabFocus))
                 continue;
@@ -237,6 +289,10 @@ void PruebaManos::cada_boton_con_foco_se_oprime_con_enter_y_con_espacio() {
         }
     });
     QVERIFY(vistos > 150);
+    for (const char* clase : {"QPushButton", "QToolButton", "QLineEdit", "EditorDato", "ListaDato",
+                              "CasillaDato", "QTabBar", "Rejilla", "MemoDato", "RejillaCubo"})
+        if (!clases.contains(clase))
+            malas << QString("no se vio el foco de ningún %1").arg(clase);
     diga_faltas(malas);
 }
 

@@ -8,6 +8,7 @@
 #include "sesion/peticiones.h"
 #include "sesion/respaldos.h"
 #include "sesion_de_prueba.h"
+#include "toolkit/rejilla/rejilla.h"
 
 #include <QTcpServer>
 
@@ -192,6 +193,7 @@ private slots:
         s_->bases.general().ejecute("update compania set com_nombre = 'Registrada', "
                                     "comp_encabezado = 'Martillos', comp_logo = 'imagen'");
         s_->configure("NOMBRE COMPAÑIA", "La que configuró");
+        s_->configure("NIT COMPAÑIA", "901555123-4");
         s_->configure("NUMERO DE REGISTROS A TRANSMITIR SIMULTANEAMENTE", "123");
         s_->configure("DURACION DE LAS BUSQUEDAS", "3");
         s_->configure("COLOR VENTANA PRINCIPAL", "255"); // rojo: el azul va en la parte alta
@@ -202,6 +204,7 @@ private slots:
         QCOMPARE(p.windowTitle(), "Contabilidad NIIF - Quorvex 2018");
         QCOMPARE(p.LabRevision->text(), "Rev: 2018/02/21 BD: 2018/05/09");
         QCOMPARE(p.ECompania->text(), "La que configuró");
+        QCOMPARE(Rejilla::compania_impresa, "La que configuró · NIT 901555123-4");
         QCOMPARE(p.EUsuario->text(), "Auxiliar Contable");
         QVERIFY(p.ECompania->isReadOnly() && p.EUsuario->isReadOnly());
         QCOMPARE(s_->datos.modulo, "CONTABILIDAD");

@@ -105,6 +105,12 @@ int diga_tema(bool espere, int& cuantos, char** argumentos) {
         return 2;
     if (qAbs(color_negativo().lightness() - claridad(QPalette::Base)) < 80)
         return 2;
+    // Los dos colores de la empresa no llegan a nada de lo que se lee.
+    const QColor rojos[] = {color_negativo(), color_inactivo()};
+    aplique_estilo(aplicacion, {Qt::magenta, Qt::yellow});
+    if (colores_empresa().principal != Qt::magenta || QApplication::palette() != p ||
+        color_negativo() != rojos[0] || color_inactivo() != rojos[1])
+        return 2;
     puts(claridad(QPalette::Base) < 128 ? "oscuro" : "claro");
     return 0;
 }

@@ -50,10 +50,12 @@ private slots:
         s.cnt.periodo_actual = 2;
         auto* p = s.abra<Tfpresupuesto>("Tfpresupuesto");
         QVERIFY(p->CPresupuesto.IsEmpty());
-        QCOMPARE(p->DBGridEh1->titulo_impreso, "Presupuesto · Marzo de 2017");
+        QCOMPARE(p->DBGridEh1->titulo_impreso, "Presupuesto · Libro 2649 · Marzo de 2017");
         oprima(Qt::Key_F2);
         auto* n = qobject_cast<Tfnvopresup*>(s.escritorio.activa());
         QCOMPARE(n->windowTitle(), "Nuevo presupuesto: Marzo de 2017");
+        QCOMPARE(n->DBGridEh1->titulo_impreso,
+                 "Nuevo presupuesto: Marzo de 2017 · Libro 2649  %[Today]");
         enfoque(n, "EAnoOrigen");
         oprima(Qt::Key_Insert);
         digite("5105"); // se completa, y el importe se calcula

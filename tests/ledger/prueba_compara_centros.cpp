@@ -1,5 +1,6 @@
 // Comparativo de centros: consulta, cubo, campos que se mueven, plantillas y salida al libro.
 #include "apoyo/monitor.h"
+#include "apoyo_gui/consejo_visto.h"
 #include "apoyo_gui/fotos.h"
 #include "ledger/libro_de_prueba.h"
 #include "ledger/registro.h"
@@ -234,6 +235,26 @@ private slots:
         QVERIFY(fija.isVisible());
         QCOMPARE(fija.indexAt(QPoint(5, 5)).data().toString(), "41 Operacionales");
         QCOMPARE(fija.width(), r->columnWidth(0));
+        // Lo que no cabe se lee en su consejo, también ahí; lo que cabe no lo tiene.
+        const auto en_fija = [&] {
+            return consejo_en(fija.viewport(), fija.visualRect(fija.model()->index(0, 0)).center());
+        };
+        QCOMPARE(en_fija(), QString());
+        r->setColumnWidth(0, 60);
+        QCOMPARE(en_fija(), "41 Operacionales");
+        const QModelIndex cifra = r->model()->index(0, columnas - 1);
+        const auto en_cifra = [&] {
+            return consejo_en(r->viewport(),
+                              (r->visualRect(cifra) & r->viewport()->rect()).center());
+        };
+        QCOMPARE(en_cifra(), QString());
+        r->setColumnWidth(columnas - 1, 50);
+        r->scrollTo(cifra);
+        QCOMPARE(en_cifra(), "-1,000,011.36");
+        const auto* titulos = r->horizontalHeader();
+        QCOMPARE(consejo_en(titulos->viewport(),
+                            QPoint(titulos->sectionViewportPosition(columnas - 1) + 5, 5)),
+                 "Total");
         tome_foto(&s.ventana, "cubo_nombres_fijos");
         // Hacia la izquierda ninguna celda queda debajo de los nombres.
         for (int n = columnas - 2; n > 0; --n) {

@@ -81,6 +81,16 @@ Cajas sin_terceros(Cajas r) {
     return r;
 }
 
+/// Si el auxiliar por cuenta muestra los centros.
+void con_centros(SesionGui& s, const QString& si_o_no) {
+    const QString clave = "AUXILIAR POR CUENTA MOSTRANDO CENTROS DE COSTOS";
+    s.base.ejecute({"delete from configuracion where conf_propiedad = " + QuotedStr(clave),
+                    "insert into configuracion (conf_modulo, conf_categoria, conf_propiedad, "
+                    "conf_valor) values ('CONTABILIDAD', 'COMPROBANTES', " +
+                        QuotedStr(clave) + ", " + QuotedStr(si_o_no) + ")"});
+    s.dm.cargue_configuracion();
+}
+
 const Cajas kTodo{{"EFecIni", "20170101"}, {"EFecFin", "20181431"}};
 
 } // namespace
@@ -96,6 +106,7 @@ private slots:
     void la_consulta_es_la_convenida();
     void todas_las_opciones_encuentran_sus_bandas_y_su_titulo();
     void las_hojas_repiten_el_grupo_y_no_pierden_renglones();
+    void todo_auxiliar_trae_el_saldo_a_la_hoja_que_sigue();
     void por_nombre_cada_tercero_de_una_cuenta_abre_y_cierra_una_vez();
     void de_una_sola_categoria_no_se_imprimen_saldos();
     void sin_movimiento_cada_centro_trae_su_saldo();
@@ -282,12 +293,7 @@ void PruebaInformesAuxiliares::todas_las_opciones_encuentran_sus_bandas_y_su_tit
         QStringList casillas;
     };
     for (const char* centros : {"SI", "NO"}) {
-        const QString clave = "AUXILIAR POR CUENTA MOSTRANDO CENTROS DE COSTOS";
-        s.base.ejecute({"delete from configuracion where conf_propiedad = " + QuotedStr(clave),
-                        "insert into configuracion (conf_modulo, conf_categoria, conf_propiedad, "
-                        "conf_valor) values ('CONTABILIDAD', 'COMPROBANTES', " +
-                            QuotedStr(clave) + ", " + QuotedStr(centros) + ")"});
-        s.dm.cargue_configuracion();
+        con_centros(s, centros);
         for (const Caso& c :
              {Caso{"Tfrngauxiliarcta", "Auxiliar por cuenta", {"CkCateg", "Chcentro"}},
               {"Tfrngauxiliarter", "Auxiliar por tercero", {"Chcentro", "cknombre"}},
@@ -353,6 +359,77 @@ void PruebaInformesAuxiliares::las_hojas_repiten_el_grupo_y_no_pierden_renglones
             QVERIFY(hojas[h].contains("Elaborado por:"));
         }
     }
+}
+
+void PruebaInformesAuxiliares::todo_auxiliar_trae_el_saldo_a_la_hoja_que_sigue() {
+    SesionGui s;
+    s.configure("NIT COMPAÑIA", "901555123-4");
+    // El primer tercero cabe en la primera hoja; el segundo pasa a otras, con el saldo de los dos.
+    constexpr int kPrimero = 4, kSegundo = 130;
+    for (const char* libro : {"", "_niif"})
+        s.base.ejecute(
+            {QString(
+                 "execute block as declare i integer = 0; begin %1 while (i < %2) do begin i = i + "
+                 "1; "
+                 "insert into comprobante_detalle%3 (enco_consec, code_item, cuen_cod, terc_nit, "
+                 "proy_cod, cent_cod, conc_cod, code_debito, code_credito) values (1, :i, "
+                 "'510506', "
+                 "iif(:i <= %4, '52345678', '900123456'), '0001', '0001', '02', iif(mod(:i, 3) > "
+                 "0, :i "
+                 "+ 0.25, 0), iif(mod(:i, 3) > 0, 0, :i)); end end")
+                 .arg(*libro ? ""
+                             : "insert into comprobante_encabezado (enco_consec, "
+                               "tico_cod, prco_pref, enco_numero, enco_fecha, "
+                               "enco_usuario) values (1, 'CG', '0001', '000001', "
+                               "'20170315', 'ADMIN');")
+                 .arg(kPrimero + kSegundo)
+                 .arg(libro)
+                 .arg(kPrimero)});
+    const struct {
+        QString clase;
+        QStringList casillas;
+        QString centros = "SI";
+        bool de_la_cuenta = false; ///< anuncia dos saldos: el de la cuenta y el del tercero
+    } casos[] = {{"Tfrngauxiliarcta", {}},
+                 {"Tfrngauxiliarcta", {}, "NO"},
+                 {"Tfrngauxiliarcta", {"CkCateg"}},
+                 {"Tfrngauxiliarcta", {"Chcentro"}},
+                 {"Tfrngauxiliarter", {}, "SI", true},
+                 {"Tfrngauxiliarcent", {}}};
+    const auto ultimo = [](const QString& renglon) { return importes(renglon).section(' ', -1); };
+    for (const bool niif : {false, true})
+        for (const auto& c : casos) {
+            con_centros(s, c.centros);
+            Cajas caja = kTodo;
+            caja["EDesde"] = "510506";
+            const QString texto =
+                imprima(c.clase, caja, c.casillas + (niif ? QStringList{"ckniif"} : QStringList()));
+            const QString quien = c.clase + ' ' + c.casillas.join(',') + '\n' + texto;
+            const QStringList hojas = texto.split('\f', Qt::SkipEmptyParts);
+            QVERIFY2(hojas.size() > 2, qPrintable(quien));
+            const QString primero = ultimo(renglones_con(hojas[0], "Total 52345678").value(0));
+            QCOMPARE(primero.isEmpty(), !c.de_la_cuenta);
+            const Moneda del_primero =
+                c.de_la_cuenta ? Moneda::de_texto(QString(primero).remove(',')) : Moneda();
+            for (int h = 0; h < hojas.size(); ++h) {
+                QVERIFY2(hojas[h].contains("NIT 901555123-4") &&
+                             hojas[h].contains(niif ? "Libro NIIF" : "Libro 2649"),
+                         qPrintable(quien));
+                if (!h || renglones_con(hojas[h], kDiaImpreso).isEmpty())
+                    continue;
+                const QString antes = ultimo(renglones_con(hojas[h - 1], kDiaImpreso).last());
+                QStringList vienen;
+                for (const QString& r : hojas[h].split('\n'))
+                    if (r.contains("Saldo que viene"))
+                        vienen << ultimo(r);
+                QStringList esperados{antes};
+                if (c.de_la_cuenta)
+                    esperados.prepend(
+                        (Moneda::de_texto(QString(antes).remove(',')) + del_primero).formateada());
+                QVERIFY2(vienen == esperados, qPrintable(vienen.join('|') + " y no " +
+                                                         esperados.join('|') + ": " + quien));
+            }
+        }
 }
 
 void PruebaInformesAuxiliares::por_nombre_cada_tercero_de_una_cuenta_abre_y_cierra_una_vez() {

@@ -42,6 +42,7 @@ class PruebaPlantillasInformes : public QObject {
     Q_OBJECT
 private slots:
     void los_nombres_que_el_programa_cambia_estan_en_la_plantilla_y_en_la_documentacion();
+    void todo_informe_dice_arriba_el_nit_y_el_libro();
 };
 
 void PruebaPlantillasInformes::
@@ -80,6 +81,35 @@ void PruebaPlantillasInformes::
         documentados.remove(archivo);
     }
     QVERIFY2(documentados.isEmpty(), qPrintable(QStringList(documentados.keys()).join(", ")));
+}
+
+void PruebaPlantillasInformes::todo_informe_dice_arriba_el_nit_y_el_libro() {
+    // Un certificado es para el tercero, que no lleva los libros de quien le retuvo.
+    static const QSet<QString> sin_libro{"Certificado", "Certificaiva", "Certificaica",
+                                         "Certificacree"};
+    int vistos = 0;
+    QStringList faltas;
+    for (const QString& archivo : QDir(casa() + "/plantillas").entryList({"*.rav"}))
+        for (const Reporte& r : lea_proyecto(casa() + "/plantillas/" + archivo).reportes) {
+            ++vistos;
+            QSet<QString> dichas;
+            for (const Banda& b : r.bandas) {
+                // Donde sale en toda hoja: el encabezado, o el grupo que la empieza.
+                if (b.tipo != TipoBanda::Encabezado &&
+                    !(b.tipo == TipoBanda::Grupo && b.pagina_nueva))
+                    continue;
+                for (const Item& i : b.items)
+                    for (const Pedazo& p : i.pedazos)
+                        if (p.clase == Pedazo::Variable)
+                            dichas << p.texto;
+            }
+            if (!dichas.contains("NitCia"))
+                faltas << archivo + ' ' + r.nombre + ": sin NIT";
+            if (dichas.contains("Libro") == sin_libro.contains(r.nombre))
+                faltas << archivo + ' ' + r.nombre + ": libro";
+        }
+    QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join('\n')));
+    QVERIFY(vistos > 60);
 }
 
 QTEST_MAIN(PruebaPlantillasInformes)

@@ -91,7 +91,17 @@ private slots:
         m.disponga(c, d);
         QCOMPARE(vista(m), "Centro / Subcentro / Cuenta|Total/Saldo|Total/Movimiento\n▸ "
                            "A|110.00|11.00\n▸ B|10.00|1.00\nTotal|120.00|12.00");
+        // En voz alta: el nombre con si está plegado, y de la cifra su fila y su columna.
+        const auto dice = [&m](int fila, int columna) {
+            const QModelIndex i = m.index(fila, columna);
+            return i.data(Qt::AccessibleTextRole).toString() + '|' +
+                   i.data(Qt::AccessibleDescriptionRole).toString();
+        };
+        QCOMPARE(dice(0, 0), "A, plegada|Centro / Subcentro / Cuenta");
+        QCOMPARE(dice(0, 2), "11.00|A: Total / Movimiento");
         QVERIFY(m.alterne(0));
+        QCOMPARE(dice(0, 0), "A, desplegada|Centro / Subcentro / Cuenta");
+        QCOMPARE(dice(2, 0), "02 Sur, plegada|Centro / Subcentro / Cuenta");
         QCOMPARE(m.rowCount(), 5);
         QCOMPARE(m.index(1, 0).data().toString(), "    ▸ 01 Norte");
         QVERIFY(m.alterne(1));

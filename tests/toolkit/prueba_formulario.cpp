@@ -1,8 +1,10 @@
 // Constructor de formularios, barra de botones que se acomoda, búsqueda de listas y apariencia.
+#include "apoyo_gui/consejo_visto.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/controles/editordato.h"
+#include "toolkit/controles/listadato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/disposicion_pares.h"
@@ -190,6 +192,40 @@ private slots:
         for (QPushButton* x : b)
             QVERIFY(barra->rect().contains(x->geometry()));
         QVERIFY(barra->geometry().bottom() <= ventana.height());
+    }
+
+    void lo_que_no_cabe_en_una_lista_se_lee_en_su_consejo() {
+        const QString largo = "Comprobante de contabilidad del ajuste por inflación";
+        ListaDato lista;
+        lista.lista_de({largo, "Otro"});
+        QComboBox abierta;
+        abierta.setEditable(true);
+        abierta.setEditText(largo);
+        abierta.setToolTip("La cuenta y su nombre");
+        QLineEdit caja(largo);
+        caja.setToolTip("La cuenta y su nombre");
+        const QString con_ayuda = largo + " La cuenta y su nombre";
+        const struct {
+            QWidget* w;
+            QString corta, ancha;
+        } casos[] = {{&lista, largo, ""},
+                     {&abierta, con_ayuda, "La cuenta y su nombre"},
+                     {&caja, con_ayuda, "La cuenta y su nombre"}};
+        for (const auto& c : casos)
+            for (const int ancho : {120, 600}) {
+                c.w->setFixedWidth(ancho);
+                c.w->show();
+                QVERIFY(QTest::qWaitForWindowExposed(c.w));
+                (void)c.w->grab();
+                QCOMPARE(consejo_en(c.w), ancho == 120 ? c.corta : c.ancha);
+            }
+        lista.setFixedWidth(120);
+        static_cast<QComboBox&>(lista).showPopup();
+        QAbstractItemView* filas = lista.view();
+        filas->window()->setFixedWidth(120);
+        QCoreApplication::processEvents();
+        QCOMPARE(consejo_en(filas->viewport(), QPoint(20, 5)), largo);
+        static_cast<QComboBox&>(lista).hidePopup();
     }
 
     void el_nombre_que_no_cabe_toma_lo_que_a_los_demas_les_sobra() {

@@ -1,11 +1,14 @@
 // Listas: sumas del pie, filtros, orden, marcas, paquetes, anchos y aspecto de las filas.
 #include "rejilla_de_prueba.h"
 
+#include "apoyo_gui/consejo_visto.h"
 #include "apoyo_gui/interlocutor.h"
 #include "datos/recordset/proveedor.h"
 #include "datos/recordset/sentencia.h"
 #include "toolkit/estilo.h"
+#include "toolkit/rejilla/bandas_rejilla.h"
 #include "toolkit/rejilla/filtro_columna.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
 
 namespace {
 
@@ -440,6 +443,43 @@ private slots:
         p.rejilla->pie(false);
         QVERIFY(!pie->isVisible());
         QVERIFY(p.rejilla->viewport()->geometry().bottom() > pie->geometry().top());
+    }
+
+    void el_titulo_de_una_banda_que_no_cabe_se_lee_en_su_consejo() {
+        RejillaDePrueba p;
+        BandasRejilla bandas(*p.rejilla, {{"Del período que se consulta", p.Debito, p.Credito}},
+                             &p.ventana);
+        bandas.setGeometry(p.rejilla->x(), 0, p.rejilla->width(), 20);
+        bandas.show();
+        const auto punto = [&] {
+            const auto* titulos = p.rejilla->horizontalHeader()->viewport();
+            return QPoint(bandas
+                              .mapFromGlobal(titulos->mapToGlobal(
+                                  QPoint(p.rejilla->columnViewportPosition(p.Debito) + 3, 0)))
+                              .x(),
+                          5);
+        };
+        for (const int ancho : {200, 30}) {
+            p.rejilla->setColumnWidth(p.Debito, ancho);
+            p.rejilla->setColumnWidth(p.Credito, ancho);
+            QCOMPARE(consejo_en(&bandas, punto()),
+                     ancho == 200 ? QString() : "Del período que se consulta");
+        }
+        // La celda que asoma a medias, también.
+        const QString entero = "Papelería, útiles y fotocopias";
+        p.detalle->Edit();
+        p.detalle->FieldByName("CODE_CONCEPTO").asigne(entero);
+        p.detalle->Post();
+        const QModelIndex celda = p.rejilla->model()->index(p.detalle->RecNo(), p.Concepto);
+        p.rejilla->setColumnWidth(p.Concepto, 300);
+        const auto dicho = [&] {
+            return consejo_en(
+                p.rejilla->viewport(),
+                (p.rejilla->visualRect(celda) & p.rejilla->viewport()->rect()).center());
+        };
+        QCOMPARE(dicho(), QString());
+        p.rejilla->setColumnWidth(p.Cuenta, p.rejilla->viewport()->width() - 80);
+        QCOMPARE(dicho(), entero);
     }
 
     void una_lista_sin_filas_lo_dice_y_las_filas_toman_su_color() {

@@ -1,6 +1,7 @@
 // Portapapeles, menú emergente, archivos e impresión de la rejilla.
 #include "rejilla_de_prueba.h"
 
+#include "apoyo/herramienta.h"
 #include "apoyo_gui/anuncio.h"
 #include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/exportacion.h"
@@ -293,6 +294,8 @@ private slots:
     void la_vista_preliminar_imprime_la_rejilla() {
         RejillaDePrueba p(120);
         p.rejilla->titulo_impreso = "Comprobante a %[Today]";
+        const QScopedValueRollback<QString> compania(Rejilla::compania_impresa,
+                                                     "Comercial S.A.S. · NIT 901555123-4");
         const QTemporaryDir carpeta;
         const QString pdf = carpeta.filePath("lineas.pdf");
         Interlocutor i;
@@ -314,9 +317,22 @@ private slots:
         p.rejilla->ejecute_orden(Rejilla::VistaPreliminar);
         diga_salidas({});
         QCOMPARE(aviso, "Grabado en " + pdf);
-        QVERIFY(QFileInfo(pdf).size() > 1000);
+        for (const QString& hoja : texto_de_pdf(pdf).split('\f', Qt::SkipEmptyParts))
+            QVERIFY2(hoja.contains("NIT 901555123-4"), qPrintable(hoja));
         QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
         QVERIFY(paginas >= 2);
+        // Con impresora se dice en cuál, y cuántas.
+        const QPrinter sin_archivo;
+        QString impreso;
+        diga_salidas([&](const QString& texto) { impreso += texto + '\n'; });
+        avise_impreso(sin_archivo, 1);
+        avise_impreso(sin_archivo, paginas);
+        diga_salidas({});
+        const QString en = sin_archivo.printerName().isEmpty() ? "la impresora del sistema"
+                                                               : sin_archivo.printerName();
+        QCOMPARE(
+            impreso,
+            QString("Impreso en %1: una página\nImpreso en %1: %2 páginas\n").arg(en).arg(paginas));
     }
 };
 

@@ -1,5 +1,7 @@
 #include "toolkit/controles/lista_tecleo.h"
 
+#include "toolkit/consejo.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
@@ -12,6 +14,7 @@ constexpr int kEntreLetrasMs = 700;
 
 ListaTecleo::ListaTecleo(QWidget* padre) : QComboBox(padre) {
     view()->installEventFilter(this);
+    view()->viewport()->installEventFilter(this);
     espera_.setSingleShot(true);
     espera_.setInterval(kEntreLetrasMs);
     connect(&espera_, &QTimer::timeout, this, [this] {
@@ -75,6 +78,13 @@ int ListaTecleo::con_prefijo(int desde) const {
 }
 
 bool ListaTecleo::eventFilter(QObject* objeto, QEvent* evento) {
+    if (objeto == view()->viewport() && evento->type() == QEvent::ToolTip) {
+        // La fila que no cabe en lo desplegado.
+        const QModelIndex fila = view()->indexAt(static_cast<QHelpEvent*>(evento)->pos());
+        const bool cabe = view()->sizeHintForIndex(fila).width() <= view()->viewport()->width();
+        muestre_consejo(evento, cabe ? QString() : fila.data().toString(), view());
+        return true;
+    }
     // Desplegada, las teclas son de la vista.
     if (objeto == view() && evento->type() == QEvent::KeyPress) {
         auto& tecla = static_cast<QKeyEvent&>(*evento);

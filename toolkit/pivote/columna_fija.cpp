@@ -1,5 +1,7 @@
 #include "toolkit/pivote/columna_fija.h"
 
+#include "toolkit/pivote/delegado_con_consejo.h"
+
 #include <QEvent>
 #include <QHeaderView>
 #include <QIdentityProxyModel>
@@ -21,7 +23,9 @@ ColumnaFija::ColumnaFija(QTableView* tabla) : QTableView(tabla), tabla_(tabla) {
     auto* primera = new PrimeraColumna(this);
     primera->setSourceModel(tabla->model());
     setModel(primera);
+    setItemDelegate(new DelegadoConConsejo(this));
     setObjectName(QStringLiteral("ColumnaFija"));
+    setAccessibleName(QStringLiteral("Nombres de las filas"));
     setFocusPolicy(Qt::NoFocus);
     setFrameShape(NoFrame);
     setEditTriggers(NoEditTriggers);
@@ -29,6 +33,7 @@ ColumnaFija::ColumnaFija(QTableView* tabla) : QTableView(tabla), tabla_(tabla) {
     setAlternatingRowColors(tabla->alternatingRowColors());
     setWordWrap(tabla->wordWrap());
     verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setDefaultSectionSize(tabla->verticalHeader()->defaultSectionSize());
     horizontalHeader()->setDefaultAlignment(tabla->horizontalHeader()->defaultAlignment());
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -180,6 +180,20 @@ QString ModeloCubo::rotulo(int fila) const {
     return sangria + (abierto ? QStringLiteral("▾ ") : QStringLiteral("▸ ")) + n.texto();
 }
 
+/// Lo que de una celda dice quien la lee en voz alta: el nombre, si se despliega, o la cifra.
+QString ModeloCubo::dicho(int fila, int columna) const {
+    if (columna > 0)
+        return index(fila, columna).data().toString();
+    const Nodos& nodos = tabla_.filas();
+    const int nodo = filas_[size_t(fila)];
+    const NodoCubo& n = nodos[size_t(nodo)];
+    if (nodo == 0 || n.hijos.empty())
+        return n.texto();
+    return n.texto() + (desplegado(nodos, nodo, disposicion_.nivel_filas, filas_a_mano_)
+                            ? QStringLiteral(", desplegada")
+                            : QStringLiteral(", plegada"));
+}
+
 int ModeloCubo::rowCount(const QModelIndex& padre) const {
     return padre.isValid() || !cubo_ ? 0 : int(filas_.size());
 }
@@ -202,6 +216,14 @@ QVariant ModeloCubo::data(const QModelIndex& indice, int rol) const {
             return es_porcentaje(columna) ? m->formateada() + QStringLiteral(" %")
                                           : m->formateada();
         return {};
+    case Qt::AccessibleTextRole:
+        return dicho(fila, columna);
+    case Qt::AccessibleDescriptionRole: {
+        const QString suya = tabla_.filas()[size_t(nodo)].texto();
+        return columna == 0
+                   ? titulos_camino().join(QStringLiteral(" / "))
+                   : suya + QStringLiteral(": ") + titulo_columna(columna, QStringLiteral(" / "));
+    }
     case Qt::TextAlignmentRole:
         return int((columna == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     case Qt::FontRole:
@@ -224,7 +246,7 @@ QVariant ModeloCubo::data(const QModelIndex& indice, int rol) const {
 }
 
 QVariant ModeloCubo::headerData(int seccion, Qt::Orientation sentido, int rol) const {
-    if (!cubo_ || rol != Qt::DisplayRole)
+    if (!cubo_ || (rol != Qt::DisplayRole && rol != Qt::ToolTipRole))
         return QAbstractTableModel::headerData(seccion, sentido, rol);
     if (sentido == Qt::Vertical)
         return seccion + 1;

@@ -53,6 +53,7 @@ private:
     void recorra_columnas(int nodo);
     void acomode();
     QString rotulo(int fila) const;
+    QString dicho(int fila, int columna) const;
 
     const Cubo* cubo_ = nullptr;
     DisposicionCubo disposicion_;

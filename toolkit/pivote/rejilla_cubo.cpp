@@ -4,6 +4,7 @@
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/pida_archivo.h"
 #include "toolkit/pivote/columna_fija.h"
+#include "toolkit/pivote/delegado_con_consejo.h"
 #include "toolkit/pivote/tabla_cubo.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/delegado_celda.h"
@@ -23,11 +24,6 @@ int otro_nivel(int nivel, qsizetype campos, int paso) {
     const int ahora = nivel == 0 ? int(campos) : nivel;
     const int nuevo = qBound(1, ahora + paso, qMax(1, int(campos)));
     return nuevo == ahora ? nivel : nuevo == campos ? 0 : nuevo;
-}
-
-/// Blanco con que Qt pinta el texto de una celda, a cada lado.
-int margen_celda(const QWidget& rejilla) {
-    return rejilla.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &rejilla) + 1;
 }
 
 /// Lo que de una columna no tapan el borde ni la que no se desplaza.
@@ -68,14 +64,13 @@ private:
 
 /// La celda que asoma a medias va en lo que se ve de ella: su nombre por el comienzo, su cifra
 /// entera o en puntos.
-class DelegadoCubo : public QStyledItemDelegate {
+class DelegadoCubo : public DelegadoConConsejo {
 public:
-    explicit DelegadoCubo(RejillaCubo* rejilla)
-        : QStyledItemDelegate(rejilla), rejilla_(*rejilla) {}
+    explicit DelegadoCubo(RejillaCubo* rejilla) : DelegadoConConsejo(rejilla), rejilla_(*rejilla) {}
     void paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
                const QModelIndex& indice) const override {
         QStyleOptionViewItem o = opcion;
-        o.rect = a_la_vista(opcion.rect, rejilla_, indice.column());
+        o.rect = a_la_vista(opcion.rect, indice.column());
         if (!o.rect.isEmpty())
             QStyledItemDelegate::paint(pintor, o, indice);
     }
@@ -84,9 +79,11 @@ protected:
     void initStyleOption(QStyleOptionViewItem* opcion, const QModelIndex& indice) const override {
         QStyledItemDelegate::initStyleOption(opcion, indice);
         if (indice.column() > 0)
-            opcion->text =
-                DelegadoCelda::cifra_entera(opcion->text, opcion->fontMetrics,
-                                            opcion->rect.width() - 2 * margen_celda(rejilla_));
+            opcion->text = DelegadoCelda::cifra_entera(opcion->text, opcion->fontMetrics,
+                                                       opcion->rect.width() - 2 * margen(rejilla_));
+    }
+    QRect a_la_vista(const QRect& celda, int columna) const override {
+        return ::a_la_vista(celda, rejilla_, columna);
     }
 
 private:
@@ -106,6 +103,7 @@ RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
     setAlternatingRowColors(true);
     setWordWrap(false);
     verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(1); // con el de Qt serían más altas que las demás
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + escalado(6));
     horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
     horizontalHeader()->setHighlightSections(false);
@@ -174,7 +172,8 @@ void RejillaCubo::ajuste_anchos() {
             celdas = qMax(celdas, mida(modelo_.index(f, c)));
         pedidos_ << qMax(ancho, celdas) + paso(2);
         // Un título se corta; una cifra, no.
-        minimos_ << qMin(pedidos_.last(), c == 0 ? paso(24) : celdas + 2 * margen_celda(*this) + 2);
+        minimos_ << qMin(pedidos_.last(),
+                         c == 0 ? paso(24) : celdas + 2 * DelegadoConConsejo::margen(*this) + 2);
         puestos_ << columnWidth(c);
     }
     reparta();

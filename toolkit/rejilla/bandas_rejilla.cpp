@@ -1,5 +1,6 @@
 #include "toolkit/rejilla/bandas_rejilla.h"
 
+#include "toolkit/consejo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -31,6 +32,28 @@ QRect BandasRejilla::lugar(const Banda& banda) const {
         .intersected(QRect(origen, 0, titulos->viewport()->width(), height()));
 }
 
+QFont BandasRejilla::letra() const {
+    QFont letra = font();
+    letra.setBold(true);
+    return letra;
+}
+
+bool BandasRejilla::cabe(const Banda& banda) const {
+    return QFontMetrics(letra()).horizontalAdvance(banda.titulo) <=
+           lugar(banda).width() - 2 * paso(0.5);
+}
+
+bool BandasRejilla::event(QEvent* evento) {
+    if (evento->type() != QEvent::ToolTip)
+        return QWidget::event(evento);
+    QString cortado;
+    for (const Banda& banda : bandas_)
+        if (lugar(banda).contains(static_cast<QHelpEvent*>(evento)->pos()) && !cabe(banda))
+            cortado = banda.titulo;
+    muestre_consejo(evento, cortado, this);
+    return true;
+}
+
 void BandasRejilla::paintEvent(QPaintEvent*) {
     QPainter p(this);
     for (const Banda& banda : bandas_) {
@@ -42,15 +65,11 @@ void BandasRejilla::paintEvent(QPaintEvent*) {
         opcion.rect = r;
         opcion.state |= QStyle::State_Raised;
         style()->drawControl(QStyle::CE_HeaderSection, &opcion, &p, this);
-        QFont letra = font();
-        letra.setBold(true);
-        p.setFont(letra);
+        p.setFont(letra());
         p.setPen(palette().color(QPalette::ButtonText));
         // En la mitad de lo que se ve de ella; si ahí no cabe, se lee su comienzo.
-        const QFontMetrics medidas(letra);
         const QRect sitio = r.adjusted(paso(0.5), 0, -paso(0.5), 0);
-        const bool cabe = medidas.horizontalAdvance(banda.titulo) <= sitio.width();
-        p.drawText(sitio, Qt::AlignVCenter | (cabe ? Qt::AlignHCenter : Qt::AlignLeft),
-                   medidas.elidedText(banda.titulo, Qt::ElideRight, sitio.width()));
+        p.drawText(sitio, Qt::AlignVCenter | (cabe(banda) ? Qt::AlignHCenter : Qt::AlignLeft),
+                   p.fontMetrics().elidedText(banda.titulo, Qt::ElideRight, sitio.width()));
     }
 }

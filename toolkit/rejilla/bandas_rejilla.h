@@ -18,10 +18,13 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    bool event(QEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
 
 private:
     QRect lugar(const Banda& banda) const;
+    QFont letra() const;
+    bool cabe(const Banda& banda) const;
 
     Rejilla& rejilla_;
     const QVector<Banda> bandas_;

@@ -1,13 +1,12 @@
 #include "toolkit/rejilla/delegado_celda.h"
 
+#include "toolkit/consejo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QHelpEvent>
-#include <QToolTip>
 #include <cmath>
 
 namespace {
@@ -206,12 +205,9 @@ bool DelegadoCelda::helpEvent(QHelpEvent* evento, QAbstractItemView* vista,
     const QString nombre = acompanante(indice);
     if (!nombre.isEmpty())
         texto += "  " + nombre;
-    const bool cabe = nombre.isEmpty() && sizeHint(opcion, indice).width() <= opcion.rect.width();
-    // Texto plano: lo que viene de la base no se interpreta como marcas.
-    const QString mensaje =
-        cabe && !texto.contains('\n')
-            ? QString()
-            : QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(texto.toHtmlEscaped());
-    QToolTip::showText(evento->globalPos(), mensaje, vista->window(), {});
+    // De la que asoma a medias, en lo que se ve de ella.
+    const int visible = (opcion.rect & rejilla_.viewport()->rect()).width();
+    const bool cabe = nombre.isEmpty() && sizeHint(opcion, indice).width() <= visible;
+    muestre_consejo(evento, cabe && !texto.contains('\n') ? QString() : texto, vista->window());
     return true;
 }
