@@ -398,7 +398,7 @@ void PruebaApertura::salir_con_cambios_pregunta() {
     };
     QCOMPARE(que_hace_f2(), "Grabar");
     detalle(p, "110505");
-    QCOMPARE(que_hace_f2(), "Aceptar");
+    QCOMPARE(que_hace_f2(), "Continuar");
     digite_en(p->APNI_NOTA, "A medias");
     dice(Qt::Key_Escape, "Desea salir del detalle y perder los cambios que no ha aceptado?", "No");
     QCOMPARE(p->APNI_NOTA->toPlainText(), "A medias");
