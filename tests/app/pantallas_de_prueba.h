@@ -64,6 +64,7 @@ public:
             "'S')",
         });
         bases.ejecute(segundas_filas());
+        bases.ejecute(detalles());
         bases.ejecute(del_activo());
         bases.ejecute(procesos_hechos());
     }
@@ -253,6 +254,10 @@ private:
             "'7.1')",
             "insert into cuentas_niif_norma (cuen_cod, nnif_id, nnid_item) values ('413505', 7, "
             "'7.2')",
+        };
+    }
+    static QStringList detalles() {
+        return {
             "insert into formatocontable_detalle (foco_id, focd_item, focd_posx, focd_posy, "
             "focd_fsize, focd_long, focd_oper, focd_pagina, focd_cuentas) values (1, 1, 200, 100, "
             "9, 18, '+', 1, 'SF1105')",

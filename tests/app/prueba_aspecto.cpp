@@ -46,8 +46,7 @@ QStringList datos_extremos() {
         "9999999999999.99, apni_ajustecr = 9999999999999.99, apni_saldoniif = 9999999999999.99",
         "update apertura_niif_det set apnd_saldoini = iif(apnd_item = 1, 9999999999999.99, 0), "
         "apnd_debito = 9999999999999.99, apnd_saldofin = 9999999999999.99 where apnd_item = 1",
-        "update activos_centros set acce_porc = 50",
-        "update activos_inicial set acin_valor = 9999999.99",
+        "update plantilla_detalle_niif set plde_debitos = 9999999999999.99",
         "insert into taxonomia_encabeza (taxo_id, taxe_id, taxe_nombre) values (1, 1, 'Estado de "
         "situación financiera, corriente y no corriente, separado')",
         "insert into taxonomia_detalle (taxo_id, taxe_id, taxd_item, taxd_nombre, taxd_tipo, "
@@ -73,7 +72,6 @@ QStringList datos_extremos() {
         "update conceptos_cuentas set cocu_monto = 9999999999999.99",
         "update saldos_iniciales set sain_debito = 9999999999999.99 where sain_item = 1",
         "update plantilla_detalle set plde_debitos = 9999999999999.99",
-        "update plantilla_detalle_niif set plde_debitos = 9999999999999.99",
         "update contabilizacion_det set cnde_debitos = iif(cnde_item = 1, 9999999999999.99, 0), "
         "cnde_creditos = iif(cnde_item = 2, 9999999999999.99, 0)",
         "update comprobante_detalle set code_debito = 9999999999999.99 where code_item in (1, 3) "
