@@ -27,7 +27,7 @@ estaba "el comprobante por borrar" "select d.cuen_cod || ' ' || coalesce(d.terc_
     on e.enco_consec = d.enco_consec where e.enco_concepto = 'Para borrar' order by code_item" <<FIN
 519530 866652258 0002 0002 -
 143505 - - - HER-004
-152405 - - - EQUIPO
+152405 - - - CAMION
 FIN
 
 teclas ctrl+t
