@@ -73,8 +73,8 @@ teclas Tab
 escriba 20170117
 foto movimientos_por_borrar
 teclas F2 s
-estaba "las cuentas de paso" "select cuen_cod || ' ' || cuen_tercero || cuen_centro || cuen_retencion
-    from cuentas where cuen_cod starting '1105150' and cuen_cod > '11051502'" <<FIN
+estaba "las cuentas de paso" "select cuen_cod || ' ' || cuen_tercero || cuen_centro ||
+    cuen_retencion from cuentas where cuen_cod starting '1105150' and cuen_cod > '11051502'" <<FIN
 11051503 NSN
 11051504 NNN
 FIN

@@ -3,11 +3,11 @@
 teclas alt+e
 opcion e
 teclas F5 ctrl+End Down
-linea 110505 CAJA
+linea 110510 CAJA
 foto equivalencia_nueva
 teclas F2 Escape Escape
 quede "la equivalencia de la cuenta" "select cuex_cod from cuentas_exportacion
-    where cuen_cod = '110505'" <<<CAJA
+    where cuen_cod = '110510'" <<<CAJA
 
 anexo m
 veces 8 Tab
@@ -25,23 +25,21 @@ for cual in 902 903; do
     teclas F5
     escriba $cual
     teclas Tab
-    escriba "Informe $cual"
+    escriba "ZZ informe $cual"
     veces 7 Tab
     teclas Insert
     fila SF1105 100 200
     foto "informe_$cual"
     teclas F2
 done
-halle "Informe 903"
-estaba "el informe por borrar" "select foco_id from formatos_contables
+teclas ctrl+End
+estaba "el informe por borrar" "select trim(foco_id) from formatos_contables
     where foco_id > 901 order by 1" <<FIN
 902
 903
 FIN
-teclas F3 s
-halle "Informe 902"
-teclas F4
-linea "" SF1110
+teclas F3 s ctrl+End F4
+escriba SF1110
 foto informe_corregido
 teclas F2 Escape Escape
 quede "los informes que quedaron" "select foco_id || ' ' || focd_cuentas || ' ' || focd_posx ||
@@ -79,11 +77,18 @@ teclas alt+r F2 ctrl+End Down
 linea 513095 5000
 foto presupuesto_nuevo
 teclas F2 Escape
-quede "el presupuesto de una cuenta" "select distinct pres_debito from presupuesto
+quede "el presupuesto de una cuenta" "select distinct trim(pres_debito) from presupuesto
     where cuen_cod = '513095' and pres_debito = 5000" <<<5000.00
 
-# De los comprobantes de un tercero: se busca uno, se corrige y se borra.
-nuevo "Nota b" 21 "Nota del tercero" NT-1 ""
+# De los comprobantes de un tercero: se busca uno, se corrige y se borra. De allí solo se borra el
+# libro 2649, así que es solo de ese.
+teclas ctrl+b
+escriba "Nota b"
+teclas Tab
+escriba 21
+teclas Tab
+escriba "Nota del tercero"
+veces 9 Tab
 importe 519530 838515576 0001 0001 5000 ""
 importe 11100501 "" "" "" "" 5000
 grabe
