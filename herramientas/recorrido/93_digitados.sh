@@ -48,12 +48,12 @@ quede "los informes que quedaron" "select foco_id || ' ' || focd_cuentas || ' ' 
 FIN
 
 # El registro automático que ya estaba y su concepto.
-teclas alt+u Tab Tab Tab Return F4
+teclas alt+u Tab Tab Tab Return Down F4
 veces 3 shift+Tab
 teclas ctrl+a
 escriba "A registro corregido"
 foto registro_corregido
-teclas F2 F4 F8 F4
+teclas F2 F4 F8 ctrl+End F4
 veces 5 shift+Tab
 teclas ctrl+a
 escriba "A concepto corregido"
@@ -66,7 +66,7 @@ A registro corregido
 A concepto corregido
 FIN
 
-teclas shift+F6 Down F4 Tab Tab ctrl+a
+teclas shift+F6 Down Down F4 Tab Tab ctrl+a
 escriba "Contado corregido"
 foto plantilla_corregida
 teclas F2 Escape Escape
