@@ -141,6 +141,7 @@ void FormaMantenimiento::FormCreate() {
 }
 
 bool FormaMantenimiento::FormClose() {
+    validando_ = true; // la caja que suelta el teclado al irse la ventana ya no se revisa
     CTipo.Close();
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "datos/firebird/concuerde.h"
 #include "exchange/pch.h"
+#include "toolkit/barraestado.h"
 
 Tfcambiacate::Tfcambiacate() : FormaMantenimiento("Tfcambiacate", "Cambiar detalle cuenta") {
     ckniif = casilla("ckniif", "Información NIIF");
@@ -60,5 +61,8 @@ bool Tfcambiacate::corra() {
         return false;
     trabaje("Cambiando el detalle de la cuenta. Espere un momento...",
             [&] { return cambie_detalle(fdm().Quorvex, libro(), cuenta, i, Paso::Haga); });
+    // Sin renglones no hay cifras que decir, pero la cuenta cambió.
+    if (AvisosBarra* barra = fdm().barra(); barra && cifras.comprobantes == 0)
+        barra->texto(windowTitle() + ": " + cuenta);
     return true;
 }
