@@ -489,14 +489,24 @@ void Tfbalaperturaniif::SBLlevarClick() {
         muestre_mensaje(negativa);
         return;
     }
-    if (!pregunte_con_no(
-            concuerde(cifras.value(3).entero(),
-                      "Se reemplazará el único saldo inicial NIIF que hay",
-                      "Se reemplazarán los %1 saldos iniciales NIIF que hay") +
-            concuerde(cifras.value(0).entero(), " por el de esta hoja",
-                      " por los %1 de esta hoja") +
-            QStringLiteral(": débitos %1, créditos %2. Desea continuar?")
-                .arg(cifras.value(1).moneda().formateada(), cifras.value(2).moneda().formateada())))
+    const qint64 con_documento =
+        fdm()
+            .Quorvex.consulte("select count(*) from saldos_iniciales_niif where doco_numero <> ''")
+            .entero();
+    const QString sin_documentos =
+        con_documento == 0
+            ? QString()
+            : concuerde(con_documento, "Un saldo perderá el número de su documento de cartera, ",
+                        "%1 saldos perderán el número de su documento de cartera, ") +
+                  QStringLiteral("que la hoja no lleva. ");
+    if (!pregunte_con_no(concuerde(cifras.value(3).entero(),
+                                   "Se reemplazará el único saldo inicial NIIF que hay",
+                                   "Se reemplazarán los %1 saldos iniciales NIIF que hay") +
+                         concuerde(cifras.value(0).entero(), " por el de esta hoja",
+                                   " por los %1 de esta hoja") +
+                         QStringLiteral(": débitos %1, créditos %2. %3Desea continuar?")
+                             .arg(cifras.value(1).moneda().formateada(),
+                                  cifras.value(2).moneda().formateada(), sin_documentos)))
         return;
     llame("S");
     emit fdmcnt().balance_por_recalcular();

@@ -61,8 +61,8 @@ void FormaRegiauto::construya() {
     ECod->setObjectName("ECod");
     ECod->ReadOnly(modo_ == Modificar);
     ECod->ancho(8); // cuatro letras anchas, enteras
-    auto* nombre = new EditorDato(&CRegistro, "REAU_NOM");
-    nombre->setObjectName("ENombre");
+    ENombre = new EditorDato(&CRegistro, "REAU_NOM");
+    ENombre->setObjectName("ENombre");
     auto* tipo = new ListaDato(&CRegistro, "TICO_COD");
     tipo->setObjectName("LTipo");
     tipo->lista_de(&CTipodoc, "TICO_COD", "TICO_NOM");
@@ -85,7 +85,7 @@ void FormaRegiauto::construya() {
     barra->separe();
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape, [this] { close(); });
     Formulario(this)
-        .fila({{"&Código", ECod}, {"&Descripción", nombre}})
+        .fila({{"&Código", ECod}, {"&Descripción", ENombre}})
         .fila({{"&Tipo", tipo}, {"&Prefijo", prefijo}})
         .ancha(DBGridEh1)
         .botones(barra);
@@ -117,7 +117,7 @@ void FormaRegiauto::FormCreate() {
                 .entero()));
     lea_prefijos(CRegistro.FieldByName("TICO_COD").texto());
     CRegistro.Edit();
-    DBGridEh1->setFocus();
+    ENombre->setFocus(); // el código ya no cambia
 }
 
 void FormaRegiauto::FormActivate() {

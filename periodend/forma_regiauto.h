@@ -35,5 +35,5 @@ private:
 
     const Modo modo_;
     ContadorLineas contador_;
-    EditorDato* ECod;
+    EditorDato *ECod, *ENombre;
 };

@@ -117,10 +117,12 @@ namespace {
 /// Como se ofrece: también su cuenta, que dos documentos pueden llevar el mismo número.
 Sugerencia sugerencia_de(const DocumentoAbierto& d) {
     const QDate vence = QDate::fromString(d.vence, QStringLiteral("yyyyMMdd"));
-    QStringList dice{d.nombre_tipo, d.cuenta};
+    // Lo que se debe, adelante: es lo último que puede faltar si no cabe todo.
+    QStringList dice{(d.saldo.negativa() ? "se debe " : "nos deben ") +
+                         d.saldo.absoluta().formateada(),
+                     d.nombre_tipo, d.cuenta};
     if (vence.isValid())
         dice << "vence " + vence.toString(QStringLiteral("yyyy/MM/dd"));
-    dice << (d.saldo.negativa() ? "se debe " : "nos deben ") + d.saldo.absoluta().formateada();
     dice.removeAll(QString());
     return {d.numero, dice.join(" · ")};
 }

@@ -70,7 +70,8 @@ void Tfedtplantilla::SBGrabarClick() {
     tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
     CMovimiento.Post();
     // Las filas que fallen se quedan pendientes y las demás se graban.
-    if (grabe_y_anuncie(CMovimiento, "Grabada plantilla " + QString::number(plantilla_), -1) == 0)
+    if (grabe_y_anuncie(CMovimiento,
+                        "Grabada plantilla " + CMovimiento.FieldByName("PLAN_ID").texto(), -1) == 0)
         close();
     else
         CMovimiento.Edit();

@@ -48,9 +48,7 @@ quede "los informes que quedaron" "select foco_id || ' ' || focd_cuentas || ' ' 
 FIN
 
 # El registro automático que ya estaba y su concepto.
-teclas alt+u Tab Tab Tab Return Down F4
-veces 3 shift+Tab
-teclas ctrl+a
+teclas alt+u Tab Tab Tab Return Down F4 ctrl+a
 escriba "A registro corregido"
 foto registro_corregido
 teclas F2 F4 F8 ctrl+End F4
