@@ -7,7 +7,7 @@
 #include <QApplication>
 
 namespace {
-constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
+constexpr unsigned kLlaveGrupo = pfInUpdate | pfInWhere | pfInKey;
 }
 
 Sentencia& sentencia_de_grupos() {
@@ -30,7 +30,7 @@ Sentencia& sentencia_de_subgrupos() {
 }
 
 void campos_grupos(ConjuntoDatos& g) {
-    g.entero("ACGR_ID").requerido().banderas(kLlave).etiqueta("Grupo");
+    g.entero("ACGR_ID").requerido().banderas(kLlaveGrupo).etiqueta("Grupo");
     g.texto("ACGR_NOM", 60).requerido().etiqueta("Nombre");
     g.entero("ACGR_MESDEP").etiqueta("Meses");
     g.bandera("ACGR_DEP").etiqueta("Se deprecia").defecto("S");
@@ -39,8 +39,8 @@ void campos_grupos(ConjuntoDatos& g) {
 }
 
 void campos_subgrupos(ConjuntoDatos& s) {
-    s.entero("ACGR_ID").banderas(kLlave).etiqueta("Grupo");
-    s.entero("ACSG_ID").requerido().banderas(kLlave).etiqueta("Subgrupo");
+    s.entero("ACGR_ID").banderas(kLlaveGrupo).etiqueta("Grupo");
+    s.entero("ACSG_ID").requerido().banderas(kLlaveGrupo).etiqueta("Subgrupo");
     s.texto("ACSG_NOMBRE", 60).requerido().etiqueta("Nombre");
 }
 

@@ -274,7 +274,8 @@ void FormaMantenimiento::mire(const QString& aviso, const std::function<void()>&
 }
 
 void FormaMantenimiento::trabaje(const QString& aviso,
-                                 const std::function<CifrasMantenimiento()>& trabajo) {
+                                 const std::function<CifrasMantenimiento()>& trabajo,
+                                 const QString& sin_cifras) {
     // También si falla: un trabajo de los dos libros puede haber cambiado ya el primero.
     const auto al_salir = qScopeGuard([] { emit fdmcnt().balance_por_recalcular(); });
     CifrasMantenimiento hecho;
@@ -286,8 +287,9 @@ void FormaMantenimiento::trabaje(const QString& aviso,
             });
     });
     AvisosBarra* barra = fdm().barra();
-    if (barra && hecho.comprobantes > 0)
-        barra->texto(windowTitle() + ": " + hecho.cuantos());
+    const QString que = hecho.comprobantes > 0 ? hecho.cuantos() : sin_cifras;
+    if (barra && !que.isEmpty())
+        barra->texto(windowTitle() + ": " + que);
 }
 
 void FormaMantenimiento::pida_revision(QWidget* donde, const QString& cuenta) {

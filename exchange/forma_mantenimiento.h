@@ -65,7 +65,8 @@ protected:
     /// Muestra el aviso mientras corre algo que no cambia nada.
     void mire(const QString& aviso, const std::function<void()>& trabajo);
     /// Muestra el aviso, corre el trabajo y pasa a los saldos lo que haya dejado.
-    void trabaje(const QString& aviso, const std::function<CifrasMantenimiento()>& trabajo);
+    void trabaje(const QString& aviso, const std::function<CifrasMantenimiento()>& trabajo,
+                 const QString& sin_cifras = {});
     void anuncie(const QString& texto);
     /// F2 leyó lo que hay que mirar antes de seguir: lo dice y lleva allá.
     void pida_revision(QWidget* donde, const QString& cuenta);

@@ -2,7 +2,6 @@
 
 #include "datos/firebird/concuerde.h"
 #include "exchange/pch.h"
-#include "toolkit/barraestado.h"
 
 Tfcambiacate::Tfcambiacate() : FormaMantenimiento("Tfcambiacate", "Cambiar detalle cuenta") {
     ckniif = casilla("ckniif", "Información NIIF");
@@ -59,10 +58,8 @@ bool Tfcambiacate::corra() {
             " %1 quedarán sin el dato que la cuenta va a exigir, y la verificación los señalará.");
     if (!confirme(cifras, pregunta + " Desea continuar?"))
         return false;
-    trabaje("Cambiando el detalle de la cuenta. Espere un momento...",
-            [&] { return cambie_detalle(fdm().Quorvex, libro(), cuenta, i, Paso::Haga); });
-    // Sin renglones no hay cifras que decir, pero la cuenta cambió.
-    if (AvisosBarra* barra = fdm().barra(); barra && cifras.comprobantes == 0)
-        barra->texto(windowTitle() + ": " + cuenta);
+    trabaje(
+        "Cambiando el detalle de la cuenta. Espere un momento...",
+        [&] { return cambie_detalle(fdm().Quorvex, libro(), cuenta, i, Paso::Haga); }, cuenta);
     return true;
 }

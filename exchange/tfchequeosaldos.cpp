@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* kPrimera = "0";
 constexpr const char* kUltima = "99999999";
-constexpr int kMuestra = 8; ///< saldos corregidos que se nombran uno por uno
+constexpr int kSaldosNombrados = 8; ///< saldos corregidos que se nombran uno por uno
 
 /// Cuánto va de un libro. Cancelar espera a que termine el mes que va.
 class AvanceLibro : public QProgressDialog {
@@ -116,10 +116,10 @@ void Tfchequeosaldos::cuente(const QVector<SaldoCorregido>& corregidos,
         return;
     }
     QStringList lineas;
-    for (const SaldoCorregido& s : corregidos.mid(0, kMuestra))
+    for (const SaldoCorregido& s : corregidos.mid(0, kSaldosNombrados))
         lineas << descripcion(s);
-    if (corregidos.size() > kMuestra)
-        lineas << QStringLiteral("y %1 más.").arg(corregidos.size() - kMuestra);
+    if (corregidos.size() > kSaldosNombrados)
+        lineas << QStringLiteral("y %1 más.").arg(corregidos.size() - kSaldosNombrados);
     muestre_mensaje(
         fin + (detenido ? "; en el otro" : ":") +
         concuerde(corregidos.size(), " se corrigió %1 saldo.\n", " se corrigieron %1 saldos.\n") +

@@ -81,7 +81,8 @@ bool Tfcreactamov::corra() {
     if (!confirme(cifras, "Se cambiarán " + cifras.cuantos() + " a la cuenta " + n.cuenta +
                               ". Desea continuar?"))
         return false;
-    trabaje("Cambiando movimientos. Espere un momento...",
-            [&] { return ::abra_auxiliar(fdm().Quorvex, libro(), n, Paso::Haga); });
+    trabaje(
+        "Cambiando movimientos. Espere un momento...",
+        [&] { return ::abra_auxiliar(fdm().Quorvex, libro(), n, Paso::Haga); }, n.cuenta);
     return true;
 }

@@ -71,9 +71,9 @@ hay_comprobante() {
         where e.enco_concepto = '$1' and e.enco_consec > $ultimo" <<<"hay 1"
 }
 # quede_comprobante TIPO CONCEPTO FECHA [HASTA] <<FIN: el único nuevo con ese concepto, en el que
-# "_" es cualquier letra. Cada renglón: cuenta tercero proyecto centro débito crédito, con "-" en lo que no lleva. Los que
-# empiezan por NIIF son los de ese libro; si no hay ninguno, es igual al otro. "NIIF nada": en
-# ese no quedó. Con HASTA, la fecha puede ser cualquiera entre las dos.
+# "_" es cualquier letra. Cada renglón: cuenta tercero proyecto centro débito crédito, con "-" en lo
+# que no lleva. Los que empiezan por NIIF son los de ese libro; si no hay ninguno, es igual al otro.
+# "NIIF nada": en ese no quedó. Con HASTA, la fecha puede ser cualquiera entre las dos.
 quede_comprobante() {
     local suyo="e.enco_consec > $ultimo and e.tico_cod = '$1' and e.enco_concepto like '$2'"
     local renglones libro consulta tabla

@@ -35,7 +35,7 @@ const AuxiliarDemo kAuxiliares[] = {
 };
 
 // Marcas que el plan oficial no trae y la compañía sí quiere en cuentas ya creadas.
-const AuxiliarDemo kMarcas[] = {
+const AuxiliarDemo kMarcasDemo[] = {
     {"130505", "", "T", "C"},
     {"135515", "", "TR", "N", "2.5", 860000},
     {"135517", "", "TR", "N", "15", 860000},
@@ -200,7 +200,7 @@ void cree_plan(Conexion& c) {
     for (const AuxiliarDemo& a : kAuxiliares)
         propia.ejecute(t, {Valor(a.codigo), Valor(a.nombre), bandera(a, 'T'), bandera(a, 'C'),
                            bandera(a, 'R'), Valor(a.tipo), Valor(a.porcentaje), Valor(a.base)});
-    for (const AuxiliarDemo& a : kMarcas)
+    for (const AuxiliarDemo& a : kMarcasDemo)
         marca.ejecute(t, {bandera(a, 'T'), bandera(a, 'C'), bandera(a, 'R'), Valor(a.tipo),
                           Valor(a.porcentaje), Valor(a.base), Valor(a.codigo)});
     // Ventas, costos y gastos se siguen por centro; los gastos, además, por tercero, que es lo que
@@ -285,13 +285,13 @@ void cree_terceros(Conexion& c, CatalogosDemo& demo) {
         demo.proveedores.push_back({registro.agregue(n, true, "P"), QString::fromUtf8(n.nombre)});
     for (const Servicio& s : kServicios) {
         const QString nit = registro.agregue({s.nombre, kBogota, "Bogotá, D.C."}, true, "P");
-        const auto* marca = std::ranges::find_if(kMarcas, [&s](const AuxiliarDemo& a) {
+        const auto* marca = std::ranges::find_if(kMarcasDemo, [&s](const AuxiliarDemo& a) {
             return QLatin1String(a.codigo) == QLatin1String(s.retencion);
         });
         demo.gastos.push_back({QLatin1String(s.cuenta), QLatin1String(s.por_pagar),
                                QLatin1String(s.retencion), QString::fromUtf8(s.concepto), s.tarifa,
                                s.iva, s.minimo, s.maximo,
-                               marca == std::end(kMarcas) ? 0 : marca->base, nit});
+                               marca == std::end(kMarcasDemo) ? 0 : marca->base, nit});
     }
     for (const Empleado& e : kEmpleados)
         demo.empleados.push_back({registro.agregue({e.nombre, kBogota, "Bogotá, D.C."}, false, "E"),

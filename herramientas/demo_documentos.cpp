@@ -14,7 +14,7 @@ using namespace cuenta_demo;
 
 namespace {
 
-constexpr int kMeses = 3, kNomina = 92;
+constexpr int kMeses = 3, kTipoNomina = 92;
 constexpr int kBaseRetencion2018 = 895000; // 27 UVT de 2018, compras (artículo 401 del Estatuto)
 constexpr int kBancoCorriente = 1, kBancoAhorros = 2;
 constexpr int kFondoCaja = 800000, kFondoCorriente = 15000000;
@@ -67,7 +67,7 @@ private:
     }
     QString registre(DocumentoSuite d) {
         d.numero = QString::number(++numeros_[d.prefijo + QString::number(d.tipo)])
-                       .rightJustified(d.tipo == kNomina ? 2 : 6, QLatin1Char('0'));
+                       .rightJustified(d.tipo == kTipoNomina ? 2 : 6, QLatin1Char('0'));
         escritor_.escriba(d);
         ++hechos.documentos;
         return d.numero;
@@ -428,7 +428,7 @@ void MesesDemo::devuelva_cheque() {
 }
 
 void MesesDemo::pague_nomina(int quincena) {
-    DocumentoSuite d = documento(kNomina, QStringLiteral("Nómina, quincena %1").arg(quincena));
+    DocumentoSuite d = documento(kTipoNomina, QStringLiteral("Nómina, quincena %1").arg(quincena));
     d.prefijo = QString::number(fecha_.year());
     const auto de = [](LineaDocumento& l, const QString& nit, const EmpleadoDemo* e) {
         l.nit = nit;

@@ -146,7 +146,10 @@ void FormaConsolidado::sume_destino() {
         const QString codigo = CDestino.FieldByName("CODIGO").texto();
         const int lugar = lugares.value(codigo, -1);
         if (lugar < 0) {
-            omitidas.append({codigo, CDestino.FieldByName("FINAL").moneda()});
+            if (std::ranges::any_of(kSumadas, [this](const char* columna) {
+                    return !CDestino.FieldByName(QLatin1String(columna)).moneda().es_cero();
+                }))
+                omitidas.append({codigo, CDestino.FieldByName("FINAL").moneda()});
             continue;
         }
         CAuxiliar.vaya_a(lugar);
@@ -183,10 +186,11 @@ void FormaConsolidado::diga_lo_omitido(const QVector<std::pair<QString, Moneda>>
 void FormaConsolidado::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
     motor.fijar_parametro("Libro", "2649"); // el único que se consolida
     const QString otra = NomCia1->text().isEmpty() ? CodCia1->text().trimmed() : NomCia1->text();
-    QString titulo = QString::fromUtf8(variante().titulo) + QStringLiteral(" con ") + otra;
-    // Sin ellas una clase no es la suma de sus grupos: quien lo lee firmado debe saberlo.
+    QString titulo = QString::fromUtf8(variante().titulo);
+    // Sin ellas una clase no es la suma de sus grupos: quien lo lee firmado debe saberlo. Antes del
+    // nombre, que si es largo se recorta.
     if (sin_consolidar_ > 0)
         titulo += ", sin " + concuerde(sin_consolidar_, "una cuenta", "%1 cuentas") +
-                  " que solo ella tiene";
-    motor.fijar_texto(pagina, QStringLiteral("Text1"), titulo);
+                  " que solo movió la otra,";
+    motor.fijar_texto(pagina, QStringLiteral("Text1"), titulo + QStringLiteral(" con ") + otra);
 }

@@ -1,5 +1,6 @@
 #include "reports/tfrngbalanceacumulado.h"
 
+#include "libro/fechas.h"
 #include "toolkit/formulario.h"
 
 #include <QCheckBox>
@@ -15,7 +16,7 @@ const DatosRango kDatosRngbalanceacumulado{"Tfrngbalanceacumulado",
                                            123,
                                            {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
                                             {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero}}};
-constexpr int kDiciembre = 12, kAjustes = 13;
+constexpr int kDiciembre = 12;
 } // namespace
 
 Tfrngbalanceacumulado::Tfrngbalanceacumulado() : FormaEstado(kDatosRngbalanceacumulado) {
@@ -32,7 +33,7 @@ Tfrngbalanceacumulado::Tfrngbalanceacumulado() : FormaEstado(kDatosRngbalanceacu
     Formulario f(this);
     f.fila({{"Año:", cree_ano("EAno")},
             {"de:", Formulario::junto({cree_mes("MesIni", 1), new QLabel("a:"),
-                                       cree_mes("MesFin", kDiciembre, 2, kAjustes)})}});
+                                       cree_mes("MesFin", kDiciembre, 2, kMesAjustes)})}});
     arme_pares(f);
     f.fila("Nivel:", cree_nivel(5));
     ckterceros = casilla("ckterceros", "Incluir terceros");

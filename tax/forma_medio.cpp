@@ -396,9 +396,12 @@ void FormaMedio::SpeedButton1Click() {
 }
 
 void diga_lo_grabado(bool cancelado, const QString& ruta, qint64 filas) {
-    if (cancelado)
-        fdm().mostrar_advertencia("Grabación cancelada: el archivo no quedó.");
-    else
-        anuncie(fdm().barra(),
-                "Se grabó " + ruta + ", con " + concuerde(filas, "%1 fila", "%1 filas") + '.');
+    const QString no_quedo = "Grabación cancelada: el archivo no quedó.";
+    if (cancelado) {
+        fdm().mostrar_advertencia(no_quedo);
+        return;
+    }
+    retire_advertencia(fdm().barra(), no_quedo); // la de un intento anterior ya no es cierta
+    anuncie(fdm().barra(),
+            "Se grabó " + ruta + ", con " + concuerde(filas, "%1 fila", "%1 filas") + '.');
 }

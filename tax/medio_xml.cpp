@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int kCadencia = 200; ///< registros entre dos avisos de avance
+constexpr int kCadenciaXml = 200; ///< registros entre dos avisos de avance
 
 /// "aaaammdd" como "aaaa-mm-dd".
 QString con_guiones(const QString& fecha) {
@@ -127,7 +127,7 @@ ResultadoMedio escriba_medio(const EnvioMedio& envio, const TotalesMedio& totale
     escriba(escritor.encabezado(0));
     int en_este = 0;
     for (qint64 hechos = 0; filas.siguiente(); ++hechos) {
-        if (siga && hechos % kCadencia == 0 && !siga(hechos)) {
+        if (siga && hechos % kCadenciaXml == 0 && !siga(hechos)) {
             r.cancelado = true;
             return r;
         }

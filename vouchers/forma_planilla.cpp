@@ -13,7 +13,7 @@
 #include "vouchers/planilla.h"
 
 namespace {
-constexpr int kDigitar = 30;
+constexpr int kDigitarPlanilla = 30;
 }
 
 FormaPlanilla::FormaPlanilla(Modo modo)
@@ -178,7 +178,7 @@ void FormaPlanilla::FormCreate() {
     muestre_fijos();
     CuentasAfterScroll();
     ENombre->setFocus();
-    if (!fdm().exija_acceso(kDigitar))
+    if (!fdm().exija_acceso(kDigitarPlanilla))
         pida_cierre_al_crear();
 }
 

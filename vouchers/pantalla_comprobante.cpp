@@ -311,13 +311,14 @@ ResultadoGrabacion PantallaComprobante::grabe(Grabador quien, const QString& si_
                                            CMovimiento.FieldByName("PRCO_PREF").texto(), r.numero}
                                    .join(' '));
     const JuntaAvisos junta(*this);
-    if (r.clase == ResultadoGrabacion::Grabado && r.id != cierre_dicho_)
+    if (r.clase == ResultadoGrabacion::Grabado)
         proteja([&] { // ya está grabado, aunque esto falle
             const QString cierre = cierre_ya_hecho(fdm().Quorvex, r.id);
-            if (cierre.isEmpty())
+            // No a cada cambio de página.
+            if (cierre.isEmpty() || std::exchange(cierre_dicho_, {r.id, cierre}) ==
+                                        std::pair<qint64, QString>{r.id, cierre})
                 return;
             advierta("Haga de nuevo el cierre " + cierre + " si esto cambió sus resultados.");
-            cierre_dicho_ = r.id; // no a cada cambio de página
         });
     if (r.cambio_de_numero())
         advierta("El número " + r.numero_pedido + " lo tomó otro comprobante: este quedó con el " +

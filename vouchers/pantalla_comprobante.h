@@ -127,8 +127,8 @@ private:
     /// En la barra cabe uno, el primero; los demás quedan en la historia.
     void diga_avisos();
     bool junta_avisos_ = false;
-    QStringList avisos_;        ///< el que más pesa, primero
-    qint64 cierre_dicho_ = 0;   ///< id del último a que se le dijo que su año ya tiene cierre
-    QWidget* ultimo_ = nullptr; ///< el control que precede a las rejillas
-    PreguntaEnCampo pregunta_;  ///< en el tercero del encabezado y en el mandante
+    QStringList avisos_;                      ///< el que más pesa, primero
+    std::pair<qint64, QString> cierre_dicho_; ///< el último comprobante y el cierre que se le dijo
+    QWidget* ultimo_ = nullptr;               ///< el control que precede a las rejillas
+    PreguntaEnCampo pregunta_;                ///< en el tercero del encabezado y en el mandante
 };

@@ -16,7 +16,7 @@
 using namespace columnas_planilla;
 
 namespace {
-constexpr int kDigitar = 30;
+constexpr int kDigitarPlanilla = 30;
 } // namespace
 
 Tfplanilladatos::Tfplanilladatos()
@@ -96,7 +96,7 @@ void Tfplanilladatos::FormCreate() {
     }
     defina_hoja();
     DBGridEh1->setFocus();
-    if (!fdm().exija_acceso(kDigitar))
+    if (!fdm().exija_acceso(kDigitarPlanilla))
         pida_cierre_al_crear();
 }
 

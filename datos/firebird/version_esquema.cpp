@@ -2,12 +2,12 @@
 
 namespace {
 
-constexpr qint64 kSinPermiso = 335544352; // isc_no_priv
+constexpr qint64 kCodigoSinPermiso = 335544352; // isc_no_priv
 
 } // namespace
 
 bool sin_permiso(const ErrorBase& falla) {
-    return falla.codigo() == kSinPermiso;
+    return falla.codigo() == kCodigoSinPermiso;
 }
 
 int version_de_esquema(Conexion& conexion) {

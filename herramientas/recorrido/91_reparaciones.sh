@@ -85,22 +85,24 @@ escriba 11051504
 foto plan_por_borrar
 teclas F2 s
 teclas Tab
-for vez in primera segunda; do # la segunda, después de borrarlas
-    teclas Return
-    for caja in 001 002 11051501 11051502; do
-        escriba $caja
-        teclas Tab
-    done
-    teclas F2
-    foto "copia_$vez"
-    [ "$vez" = primera ] || teclas s
-    estaba "el plan copiado a la 002, la $vez vez" "select cuen_cod || ' ' || cuen_nom from cuentas
-        where cuen_cod starting '1105150' order by 1" 002 <<FIN
+if [ -f "$trabajo/datos/002/quorvex.fdb" ]; then # si la demostración la trae
+    for vez in primera segunda; do # la segunda, después de borrarlas
+        teclas Return
+        for caja in 001 002 11051501 11051502; do
+            escriba $caja
+            teclas Tab
+        done
+        teclas F2
+        foto "copia_$vez"
+        [ "$vez" = primera ] || teclas s
+        estaba "el plan copiado a la 002, la $vez vez" "select cuen_cod || ' ' || cuen_nom from cuentas
+            where cuen_cod starting '1105150' order by 1" 002 <<FIN
 11051501 Fondo tecleado 1
 11051502 Fondo corregido
 FIN
-    teclas Return
-done
+        teclas Return
+    done
+fi
 teclas Escape
 quede "lo borrado" "select 'quedan ' || count(*) from comprobante_encabezado
     where enco_concepto = 'Para borrar' union all

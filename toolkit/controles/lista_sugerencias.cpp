@@ -7,7 +7,7 @@
 #include <QLineEdit>
 
 namespace {
-constexpr int kFilasVisibles = 8, kAnchoNombre = 44;
+constexpr int kSugerenciasVisibles = 8, kAnchoNombre = 44;
 }
 
 ListaSugerencias::ListaSugerencias(QLineEdit* caja) : QTreeWidget(caja), caja_(caja) {
@@ -47,7 +47,7 @@ void ListaSugerencias::ubique() {
     QWidget* ventana = caja_->window();
     if (parentWidget() != ventana)
         setParent(ventana);
-    const int filas = qMin(int(ofrecidas_.size()), kFilasVisibles);
+    const int filas = qMin(int(ofrecidas_.size()), kSugerenciasVisibles);
     const int alto = filas * qMax(sizeHintForRow(0), fontMetrics().height()) + 2 * frameWidth() + 2;
     const int ancho = columnWidth(0) + ancho_caracteres(fontMetrics(), kAnchoNombre);
     const QPoint origen = caja_->mapTo(ventana, QPoint(0, 0));

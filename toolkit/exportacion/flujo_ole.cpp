@@ -5,6 +5,7 @@
 // GLib usa esta palabra como nombre de campo y Qt la define como macro.
 #undef signals
 #include <gsf/gsf.h>
+#define signals Q_SIGNALS // para las fuentes que se compilen después con esta
 
 #include <cerrno>
 #include <cstdio>

@@ -4,9 +4,9 @@ namespace informes {
 
 namespace {
 
-constexpr double kHolgura = 0.001; // mm
-constexpr double kMinimo = 2;      // mm: no se corta para dejar menos que esto
-constexpr double kComienzo = 15;   // mm de un bloque que se corta, para decidir con quién va
+constexpr double kHolguraPagina = 0.001; // mm
+constexpr double kMinimo = 2;            // mm: no se corta para dejar menos que esto
+constexpr double kComienzo = 15;         // mm de un bloque que se corta, para decidir con quién va
 
 bool alto_de_verdad(const Trazo& t) {
     return t.clase == Trazo::Texto || t.clase == Trazo::Imagen;
@@ -21,7 +21,7 @@ double BloqueHoja::corte(double tope, double hoja) const {
     for (bool movido = true; movido && y > 0;) {
         movido = false;
         const auto evite = [&](double arriba, double abajo) {
-            if (arriba < y - kHolgura && abajo > y + kHolgura) {
+            if (arriba < y - kHolguraPagina && abajo > y + kHolguraPagina) {
                 y = arriba;
                 movido = true;
             }
@@ -45,14 +45,15 @@ BloqueHoja BloqueHoja::divida(double corte) {
     QVector<Trazo> arriba;
     for (Trazo& t : trazos) {
         const double y1 = t.lugar.top(), y2 = t.lugar.top() + t.lugar.height();
-        const bool cruza = !alto_de_verdad(t) && y1 < corte - kHolgura && y2 > corte + kHolgura;
+        const bool cruza =
+            !alto_de_verdad(t) && y1 < corte - kHolguraPagina && y2 > corte + kHolguraPagina;
         if (cruza) { // una caja o una raya vertical sigue en la otra hoja
             Trazo abajo = t;
             abajo.lugar = QRectF(t.lugar.x(), 0, t.lugar.width(), y2 - corte);
             resto.trazos << abajo;
             t.lugar.setHeight(corte - y1);
             arriba << t;
-        } else if (y1 < corte - kHolgura) {
+        } else if (y1 < corte - kHolguraPagina) {
             arriba << t;
         } else {
             t.lugar.translate(0, -corte);
@@ -60,7 +61,7 @@ BloqueHoja BloqueHoja::divida(double corte) {
         }
     }
     for (const auto& [desde, hasta] : indivisibles)
-        if (desde >= corte - kHolgura)
+        if (desde >= corte - kHolguraPagina)
             resto.indivisibles << std::pair{desde - corte, hasta - corte};
     trazos = arriba;
     resto.acompanada = false;
@@ -149,7 +150,7 @@ void Paginador::coloque(BloqueHoja bloque) {
         superponga(std::move(bloque));
         return;
     }
-    while (bloque.alto > libre(bloque) + kHolgura) {
+    while (bloque.alto > libre(bloque) + kHolguraPagina) {
         const double campo = libre(bloque);
         const bool divisible = bloque.corta || bloque.alto > fondo_ - inicio_;
         double corte = divisible ? bloque.corte(campo, fondo_ - inicio_) : 0;
