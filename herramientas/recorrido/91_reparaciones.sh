@@ -95,8 +95,8 @@ if [ -f "$trabajo/datos/002/quorvex.fdb" ]; then # si la demostración la trae
         teclas F2
         foto "copia_$vez"
         [ "$vez" = primera ] || teclas s
-        estaba "el plan copiado a la 002, la $vez vez" "select cuen_cod || ' ' || cuen_nom from cuentas
-            where cuen_cod starting '1105150' order by 1" 002 <<FIN
+        estaba "el plan copiado a la 002, la $vez vez" "select cuen_cod || ' ' || cuen_nom
+            from cuentas where cuen_cod starting '1105150' order by 1" 002 <<FIN
 11051501 Fondo tecleado 1
 11051502 Fondo corregido
 FIN

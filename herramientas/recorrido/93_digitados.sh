@@ -1,5 +1,5 @@
 # Lo que se corrige en lo que la compañía define: exportación, medios, informes, registros
-# automáticos, plantillas y presupuesto; y los comprobantes de un tercero.
+# automáticos, plantillas y presupuesto.
 teclas alt+e
 opcion e
 teclas F5 ctrl+End Down
@@ -77,31 +77,3 @@ foto presupuesto_nuevo
 teclas F2 Escape
 quede "el presupuesto de una cuenta" "select distinct trim(pres_debito) from presupuesto
     where cuen_cod = '513095' and pres_debito = 5000" <<<5000.00
-
-# De los comprobantes de un tercero: se busca uno, se corrige y se borra. De allí solo se borra el
-# libro 2649, así que es solo de ese.
-teclas ctrl+b
-escriba "Nota b"
-teclas Tab
-escriba 21
-teclas Tab
-escriba "Nota del tercero"
-veces 9 Tab
-importe 519530 838515576 0001 0001 5000 ""
-importe 11100501 "" "" "" "" 5000
-grabe
-teclas ctrl+F6
-halle Pinturas
-teclas F9 shift+F12 Tab Tab Tab
-escriba "Nota del"
-teclas Return
-foto comprobante_del_tercero
-teclas F4 ctrl+a
-escriba "Nota del tercero corregida"
-teclas F2 Escape
-hay_comprobante "Nota del tercero corregida"
-teclas F3
-foto comprobante_del_tercero_por_borrar
-teclas s Escape Escape
-quede "el comprobante del tercero" "select 'quedan ' || count(*) from comprobante_encabezado
-    where enco_concepto starting 'Nota del tercero'" <<<"quedan 0"
