@@ -127,7 +127,7 @@ FormaMedio::FormaMedio(const DatosFormaMedio& datos)
     DBGridEh1->setMinimumHeight(6 * DBGridEh1->verticalHeader()->defaultSectionSize());
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->orden_local = true;
-    DBGridEh1->texto_vacio = "No hay filas del formato en el año.";
+    DBGridEh1->texto_vacio = "No hay filas del formato en el año. Insert agrega la primera.";
     DBGridEh1->setProperty("sin_consultar",
                            "No hay filas: F2 consulta o calcula las del formato y el año.");
     DBGridEh1->nombre_archivo = "Medios";
