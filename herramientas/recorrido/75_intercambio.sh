@@ -243,12 +243,11 @@ foto procedimiento_generado 1.5
 teclas Escape
 espere_aviso
 foto aviso_de_respuesta
-# Salir lo dejaría para después: se da por leído.
-teclas ctrl+shift+m shift+Tab Return
-foto avisos_leidos 0.5
+teclas ctrl+shift+m Escape
+foto avisos_cerrados 0.5
 teclas Escape
 quede "los mensajes" "select mens_autor || ' ' || mens_destino || ' ' || mens_leido || ' ' ||
     cast(mens_mensaje as varchar(60)) from mensajeria order by mens_id" <<FIN
 ADMIN ADMIN S Ya se puede cerrar diciembre
-ADMIN ADMIN S Cerrado queda
+ADMIN ADMIN N Cerrado queda
 FIN
