@@ -75,7 +75,8 @@ hay_comprobante() {
 # que no lleva. Los que empiezan por NIIF son los de ese libro; si no hay ninguno, es igual al otro.
 # "NIIF nada": en ese no quedó. Con HASTA, la fecha puede ser cualquiera entre las dos.
 quede_comprobante() {
-    local suyo="e.enco_consec > $ultimo and e.tico_cod = '$1' and e.enco_concepto like '$2'"
+    local suyo="e.enco_consec > $ultimo and e.tico_cod = '$1' and
+        (e.enco_concepto = '$2' or e.enco_concepto like '$2')"
     local renglones libro consulta tabla
     renglones=$(cat)
     consulta="select iif(e.enco_fecha between '$3' and '${4:-$3}', '$3', e.enco_fecha)
