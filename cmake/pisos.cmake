@@ -39,7 +39,7 @@ set(quorvex_largas
 function(quorvex_prueba archivo)
   cmake_parse_arguments(P "" "" "DEPENDE" ${ARGN})
   get_filename_component(nombre ${archivo} NAME_WE)
-  # La prueba incluye su .moc: pedirlo aquí ahorra el objetivo y la fuente vacía que AUTOMOC le haría.
+  # La prueba incluye su .moc: pedirlo aquí ahorra el objetivo y la fuente que AUTOMOC le haría.
   qt_generate_moc(${archivo} ${CMAKE_CURRENT_BINARY_DIR}/${nombre}.moc)
   add_executable(${nombre} ${archivo} ${CMAKE_CURRENT_BINARY_DIR}/${nombre}.moc)
   # Las mismas bibliotecas de Qt en todas: la cabecera precompilada exige iguales definiciones.

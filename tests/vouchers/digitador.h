@@ -72,6 +72,14 @@ struct Digitador {
     }
     /// Recorre una línea celda por celda con Enter; "" deja la celda como esté.
     void linea(const QStringList& celdas) { digite_celdas(celdas); }
+    /// En una línea nueva, al final.
+    void al_final(const QStringList& celdas) {
+        entre_a_la_rejilla();
+        p->lineas_a_la_vista().detalle.Last();
+        oprima(Qt::Key_Down);
+        rejilla().SelectedIndex(0);
+        linea(celdas);
+    }
     /// Dos líneas que cuadran, en la página a la vista.
     void asiento(const QString& debito, const QString& credito, const QString& valor) {
         entre_a_la_rejilla();

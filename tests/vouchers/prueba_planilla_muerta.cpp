@@ -172,11 +172,7 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->EDia->text(), "17");
         QCOMPARE(p->CDetalle.RecordCount(), 2);
-        d.entre_a_la_rejilla();
-        p->CDetalle.Last();
-        oprima(Qt::Key_Down);
-        d.rejilla().SelectedIndex(0);
-        d.linea({"310505"});
+        d.al_final({"310505"});
         oprima_seguidas({Qt::Key_F5, Qt::Key_F2});
         QCOMPARE(dato("select enco_fecha || ' ' || enco_concepto || ' ' || (select "
                       "list(cast(code_credito as integer)) from comprobante_detalle) from "

@@ -192,11 +192,7 @@ private slots:
         QCOMPARE(p->EDia->text(), "05");
         QVERIFY(borradores(p->findChild<BorradorVivo*>()->carpeta()).isEmpty()); // ya es de esta
         // Un día en blanco, en uno que un cambio de página ya grabó, sigue en blanco.
-        d.entre_a_la_rejilla();
-        p->CDetalle.Last();
-        oprima(Qt::Key_Down);
-        d.rejilla().SelectedIndex(0);
-        d.linea({"310505", "", "", "", "", "", "", "", "", "", "1000"});
+        d.al_final({"310505", "", "", "", "", "", "", "", "", "", "1000"});
         p->PageControl1->setCurrentIndex(1);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "1");
         p->EDia->setFocus();
