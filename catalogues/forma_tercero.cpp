@@ -276,9 +276,9 @@ void FormaTercero::agregue_proveedor() {
                      QuotedStr(fdm().valor<Llave::GrupoProveedores>()) + ", 'N')");
 }
 
-void FormaTercero::abra_catalogo(const QString& pantalla) {
+void FormaTercero::abra_catalogo(const QString& pantalla, const char* campo) {
     releer_catalogos_ = true;
-    pantallas().abrir(pantalla);
+    pantallas().abrir(pantalla, AbreCatalogo{CTerceros->FieldByName(campo).texto()});
 }
 
 bool FormaTercero::FormClose() {

@@ -71,7 +71,8 @@ private:
     CasillaDato* casilla(const QString& texto, const QString& campo);
 
     void escoja_cuenta(Campo& campo, const QString& desde);
-    void abra_catalogo(const QString& pantalla);
+    /// Ubicado en el valor que el campo tiene.
+    void abra_catalogo(const QString& pantalla, const char* campo);
 
     /// Campo de cuenta, de los que se revisan, cuyo código no está en el plan; vacío si ninguno.
     QString cuenta_que_no_existe();

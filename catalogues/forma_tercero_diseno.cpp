@@ -109,13 +109,13 @@ void FormaTercero::arme_identificacion(Formulario& f) {
 
 void FormaTercero::arme_ubicacion(Formulario& f) {
     auto* ciudades = boton_pequeno(this, "SpeedButton1", "…", "Abrir el catálogo de ciudades",
-                                   [this] { abra_catalogo("Tfciudades"); });
+                                   [this] { abra_catalogo("Tfciudades", "CIUD_COD"); });
     auto* ciudad = lista("CIUD_COD", "LCiudad", CCiudades, "CIUD_COD", "CIUD_NOM");
     auto* pais = lista("PAIS_ID", "LPais", CPaises, "PAIS_ID", "PAIS_NOM");
     for (ListaDato* l : {ciudad, pais}) // parejas, diga lo que diga cada una
         l->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* paises = boton_pequeno(this, "SpeedButton3", "…", "Abrir el catálogo de países",
-                                 [this] { abra_catalogo("Tfpaises"); });
+                                 [this] { abra_catalogo("Tfpaises", "PAIS_ID"); });
     f.grupo("Ubicación")
         .fila("Di&rección", editor("TERC_DIR", "EDir", 30))
         .fila("&Ciudad", Formulario::junto({ciudad, ciudades}))

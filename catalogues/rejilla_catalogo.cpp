@@ -1,6 +1,7 @@
 #include "catalogues/rejilla_catalogo.h"
 
 #include "catalogues/grabe_y_anuncie.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/navegadordatos.h"
@@ -69,6 +70,8 @@ void RejillaCatalogo::resalte_inactivos(const QString& columna) {
 void RejillaCatalogo::FormCreate() {
     fdm().ConfigurarProviders(this);
     conjunto_->Open();
+    if (trae<AbreCatalogo>())
+        conjunto_->Locate(llave_, {peticion<AbreCatalogo>().valor});
     DBGridEh1->setFocus();
 }
 

@@ -23,6 +23,11 @@ struct AbreLista {
     bool modo_mantenimiento = false;
 };
 
+/// Con que se abre un catálogo pequeño desde la ficha que tiene uno de sus valores.
+struct AbreCatalogo {
+    QString valor; ///< el código de la fila en que se ubica
+};
+
 /// Una cuenta del plan de la lista que se abra.
 struct PideCuenta {
     using Respuesta = QString;

@@ -180,9 +180,20 @@ void Tfmovimien::ofrezca_borrador() {
     if (lo_cambio_otro(*borrador)
             ? pregunte_con_no(que + "Después de eso otro usuario lo cambió, y "
                                     "lo suyo se perdería. Desea retomarlo?")
-            : pregunte(que + "Desea retomarlo?"))
+            : pregunte(que + "Desea retomarlo?")) {
         recupere(*borrador);
+        vaya_a_la_ultima_linea();
+    }
     borrador_->resuelva_huerfano();
+}
+
+void Tfmovimien::vaya_a_la_ultima_linea() {
+    LineasLibro& l = lineas_a_la_vista();
+    if (l.detalle.IsEmpty())
+        return;
+    l.detalle.Last();
+    l.rejilla->setFocus();
+    l.rejilla->SelectedIndex(0);
 }
 
 bool Tfmovimien::lo_cambio_otro(const Borrador& borrador) {

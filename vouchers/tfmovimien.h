@@ -52,6 +52,8 @@ private:
     void siga_al_prefijo() override;
     bool sirve_su_prefijo();
     bool lo_cambio_otro(const Borrador& borrador);
+    /// Donde iba quien lo digitaba: en ella, Abajo abre la que sigue.
+    void vaya_a_la_ultima_linea();
     /// "aaaamm" en que hay que retomarlo: uno grabado no cambia de mes.
     QString periodo_de(const Borrador& borrador);
     void pase_al_periodo(const QString& periodo);

@@ -16,6 +16,11 @@ calcule() {
     while xdotool search --onlyvisible --name '^Un momento$' >/dev/null 2>&1; do espere 0.2; done
     espere 0.3
 }
+# formato_del_medio NÚMERO: la caja va después de los años, la fecha y el concepto.
+formato_del_medio() {
+    veces 9 Tab
+    escriba "$1"
+}
 # archivo_en NOMBRE: lo digita en la caja que tiene el foco.
 archivo_en() {
     teclas ctrl+a
@@ -46,13 +51,12 @@ cierre_anexo
 
 # --- medios nacionales: el 1001
 anexo m
-teclas Tab Tab Tab Tab Tab Tab Tab Tab Down
+formato_del_medio 1001
 calcule
 foto medio_1001 2
 teclas F8
 foto configuracion_1001 1
-teclas Escape
-teclas Tab Tab
+teclas Escape Tab
 archivo_en Dmuisca_010100109201700000001.xml
 teclas F5
 foto cuadre_1001 2
@@ -63,8 +67,7 @@ teclas Escape
 cierre_anexo
 # y el 1009, que muestra lo que le falta antes de grabar
 anexo m
-teclas Tab Tab Tab Tab Tab Tab Tab Tab
-escriba "1009"
+formato_del_medio 1009
 calcule
 teclas F5
 foto por_corregir_1009 2

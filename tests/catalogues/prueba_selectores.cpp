@@ -140,6 +140,9 @@ private slots:
         QVERIFY(componente<QLabel>(p, "teclas_selector").isVisible());
         for (const char* tecla : {"Enter", "F12", "Esc"})
             QVERIFY2(teclas.contains(tecla), tecla);
+        // Lo que no ubica nada tampoco escribe sobre la celda.
+        oprima_seguidas({Qt::Key_Space, Qt::Key_Backspace});
+        QVERIFY(!componente<Rejilla>(p, "DBGridEh1").digitando());
         digite("0002"); // ubica el proyecto, no lo cambia
         QVERIFY(!componente<ConjuntoDatos>(p, "CProyectos").editando());
         oprima(Qt::Key_Return); // pasa a sus centros

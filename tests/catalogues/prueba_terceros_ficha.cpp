@@ -425,10 +425,12 @@ private slots:
     void una_ciudad_agregada_desde_la_ficha_se_puede_escoger_al_volver() {
         SesionGui s;
         Pantalla* p = nuevo();
+        campo(p, "CIUD_COD") = "11001";
         componente<QPushButton>(p, "SpeedButton1").click();
         Pantalla* ciudades = s.escritorio.abierta("Tfciudades");
         QVERIFY(ciudades);
         auto& c = componente<ConjuntoDatos>(ciudades, "CCiudades");
+        QCOMPARE(c.FieldByName("CIUD_COD").texto(), "11001"); // en la que la ficha tiene
         c.Append();
         c.FieldByName("CIUD_COD") = "99999";
         c.FieldByName("CIUD_NOM") = "Macondo";

@@ -225,7 +225,11 @@ private slots:
         filas->window()->setFixedWidth(120);
         QCoreApplication::processEvents();
         QCOMPARE(consejo_en(filas->viewport(), QPoint(20, 5)), largo);
-        static_cast<QComboBox&>(lista).hidePopup();
+        // Desplegada, el tabulador toma la señalada y sigue.
+        for (const Qt::Key tecla : {Qt::Key_Down, Qt::Key_Tab})
+            QTest::keyClick(filas, tecla);
+        QVERIFY(!filas->isVisible());
+        QCOMPARE(lista.currentIndex(), 1);
     }
 
     void el_nombre_que_no_cabe_toma_lo_que_a_los_demas_les_sobra() {

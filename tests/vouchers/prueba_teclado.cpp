@@ -376,8 +376,11 @@ private slots:
         QCOMPARE(p->EDia->text(), "17");
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         QCOMPARE(p->lineas_2649->LabDiferencia->dice(), "Falta crédito 600.00");
-        // Sigue donde iba: se completa y se graba, con su número y sus ítems.
-        d.al_final({"310505"});
+        // Sigue donde iba: Abajo abre la que sigue; se completa y se graba, con su número y sus
+        // ítems.
+        QVERIFY(d.rejilla().enfocada());
+        oprima(Qt::Key_Down);
+        d.linea({"310505"});
         oprima_seguidas({Qt::Key_F5, Qt::Key_F2});
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select enco_numero || ' ' || enco_fecha || ' ' || enco_concepto || ' ' || "

@@ -55,6 +55,15 @@ void ListaTecleo::keyPressEvent(QKeyEvent* evento) {
     QComboBox::keyPressEvent(evento);
 }
 
+void ListaTecleo::tome_la_senalada() {
+    const int senalada = view()->currentIndex().row();
+    hidePopup();
+    if (senalada < 0 || senalada == currentIndex())
+        return;
+    setCurrentIndex(senalada);
+    emit activated(senalada);
+}
+
 void ListaTecleo::siga_en_la_otra(QKeyEvent& evento) {
     if (!despues_)
         return;
@@ -88,6 +97,11 @@ bool ListaTecleo::eventFilter(QObject* objeto, QEvent* evento) {
     // Desplegada, las teclas son de la vista.
     if (objeto == view() && evento->type() == QEvent::KeyPress) {
         auto& tecla = static_cast<QKeyEvent&>(*evento);
+        if (tecla.key() == Qt::Key_Tab || tecla.key() == Qt::Key_Backtab) {
+            tome_la_senalada();
+            QApplication::sendEvent(this, evento); // y sigue a la otra caja
+            return true;
+        }
         if (tecleo_.reciba(tecla)) {
             if (const int hallado = con_prefijo(view()->currentIndex().row()); hallado < 0)
                 tecleo_.devuelva();

@@ -27,6 +27,7 @@ protected:
 
 private:
     int con_prefijo(int desde) const;
+    void tome_la_senalada();
     void siga_en_la_otra(QKeyEvent& evento);
     Tecleo tecleo_;
     QTimer espera_; ///< corre mientras se teclea

@@ -316,7 +316,7 @@ bool Rejilla::tecla_de_celda(QKeyEvent& e) {
         else
             return false;
     } else if (exacto(Qt::NoModifier, Qt::Key_Backspace)) {
-        if (!celda_editable(currentIndex()))
+        if (busca_al_teclear() || !celda_editable(currentIndex()))
             return false;
         abra_editor(modelo_->texto_editable(fila, columna).chopped(1), true);
     } else {
@@ -347,7 +347,8 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     const QString texto = escrito(*evento);
-    if (texto.isEmpty() || !editable() || columnas_.empty()) {
+    // Donde teclear ubica, un espacio que no sigue a nada no escribe sobre la celda.
+    if (texto.isEmpty() || !editable() || columnas_.empty() || busca_al_teclear()) {
         evento->ignore();
         return;
     }
