@@ -411,6 +411,8 @@ private slots:
         s.informe(1, "Clic");
         s.dato(1, 1, "SF1105");
         s.dato(1, 9, "TI");
+        s.dato(1, 5, "SF4135");
+        s.base.ejecute({"update formatocontable_detalle set focd_posx = 5 where focd_item = 5"});
         auto* e = s.abra<Tfmodformato>("Tfmodformato", AbreFormatoEspecial{1});
         const QRect h = e->lienzo->hoja();
         const auto punto = [&](int x, int y) {
@@ -420,6 +422,9 @@ private slots:
         QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), "TI");
         QTest::mouseClick(e->lienzo, Qt::LeftButton, {}, punto(690, 66));
         QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), "SF1105");
+        // La cifra que no cabe a la izquierda de su borde sale entera desde el borde del papel.
+        QTest::mouseClick(e->lienzo, Qt::LeftButton, {}, punto(60, 306));
+        QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), "SF4135");
         // El lugar es el de lo impreso y no el de su código: "El titulo" llega más allá que "TI".
         QTest::mouseClick(e->lienzo, Qt::LeftButton, {}, punto(780, 552));
         QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), "TI");

@@ -87,7 +87,9 @@ QRectF PintorRejilla::numero(Moneda valor, int decimales, bool pesos, qreal x, q
 QRectF PintorRejilla::escriba(const QString& texto, qreal x, qreal y, bool a_la_derecha) {
     const QFontMetricsF medidas(letra_de(letra_));
     const qreal ancho = medidas.horizontalAdvance(texto) / kPorMilimetro;
-    const QPointF donde = punto(x, y) - QPointF(a_la_derecha ? ancho : 0, 0);
+    QPointF donde = punto(x, y) - QPointF(a_la_derecha ? ancho : 0, 0);
+    if (a_la_derecha) // cortada por el borde del papel parecería otra cifra
+        donde.rx() = qMax(qreal(0), donde.x());
     hojas_.texto(QRectF(donde, QSizeF(ancho, 0)), texto, hojas_.estilo(letra_),
                  a_la_derecha ? Lado::Derecha : Lado::Izquierda);
     return {donde, QSizeF(ancho, medidas.height() / kPorMilimetro)};
