@@ -26,18 +26,6 @@ Tfprocusr::Tfprocusr() : Pantalla("Tfprocusr", "Procedimientos de usuario") {
 void Tfprocusr::construya() {
     LProceso = new ListaTecleo;
     LProceso->setObjectName("LProceso");
-    auto* parametros = new QWidget;
-    auto* cuadro = new QGridLayout(parametros);
-    cuadro->setContentsMargins(0, 0, 0, 0);
-    for (int i = 0; i < kParametros; ++i) {
-        rotulos[i] = new QLabel;
-        rotulos[i]->setTextFormat(Qt::PlainText);
-        rotulos[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        cajas[i] = new QLineEdit;
-        cajas[i]->setObjectName(QStringLiteral("EParam%1").arg(i + 1));
-        cuadro->addWidget(rotulos[i], i, 0);
-        cuadro->addWidget(cajas[i], i, 1);
-    }
     LNota = new QLabel(kSinRango);
     LNota->setObjectName("LNota");
     Aviso = new QLabel;
@@ -66,7 +54,17 @@ void Tfprocusr::construya() {
     barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario f(this);
     f.fila("&Procedimiento", LProceso);
-    f.ancha(parametros, 0).ancha(LNota, 0).ancha(DBGridEh1, 1).ancha(Aviso, 0).botones(barra);
+    for (int i = 0; i < kParametros; ++i) {
+        cajas[i] = new QLineEdit;
+        cajas[i]->setObjectName(QStringLiteral("EParam%1").arg(i + 1));
+        f.fila(QStringLiteral("Parámetro"), cajas[i]); // el rótulo lo da el procedimiento
+        for (QLabel* rotulo : findChildren<QLabel*>())
+            if (rotulo->buddy() == cajas[i])
+                rotulos[i] = rotulo;
+        rotulos[i]->setTextFormat(Qt::PlainText);
+        rotulos[i]->setBuddy(nullptr); // un "&" del dato no es una tecla
+    }
+    f.ancha(LNota, 0).ancha(DBGridEh1, 1).ancha(Aviso, 0).botones(barra);
     enter_como_tab();
     tamano(860, 520);
 }
@@ -100,7 +98,7 @@ void Tfprocusr::LProcesoChange() {
         const QString rotulo =
             CProcesos.FieldByName(QStringLiteral("PRUS_PARAM%1").arg(i + 1)).texto();
         const bool usa = hay && !sin_rango() && !rotulo.isEmpty();
-        rotulos[i]->setText(rotulo);
+        rotulos[i]->setText(rotulo.endsWith(QLatin1Char(':')) ? rotulo : rotulo + QLatin1Char(':'));
         rotulos[i]->setVisible(usa);
         cajas[i]->setAccessibleName(rotulo);
         cajas[i]->clear();

@@ -16,9 +16,6 @@ public:
         const char* operacion = "";
         int factor = 0;
     };
-    /// Con el signo cambiado: lo que el libro lleva al crédito se lee en positivo.
-    static Aspecto credito(int cuerpo = kLetra) { return {cuerpo, 0, "*", -1}; }
-
     Informe(Conexion& c, InformeDemo codigo, const char* nombre, const char* titulo,
             const char* subtitulo, bool niif)
         : c_(c), codigo_(codigo), libro_(niif ? "Libro NIIF" : "Libro 2649") {
@@ -122,8 +119,10 @@ void balance(Conexion& c) {
                 i.raya(kTotal - 260, y - 6, 260);
             i.texto(r.rotulo, kMargen + (r.total ? 0 : 40), y, r.total ? 10 : kLetra);
             const int cuerpo = r.total ? 10 : kLetra;
+            // Lo que el libro lleva al crédito se lee en positivo. Con centavos: redondeados a
+            // pesos, los renglones no siempre suman su total.
             i.dato(r.formula, r.total ? kTotal : kCifra, y,
-                   al_credito ? Informe::credito(cuerpo) : Informe::Aspecto{cuerpo});
+                   {cuerpo, 2, al_credito ? "*" : "", al_credito ? -1 : 0});
             y += r.total ? 62 : 40;
         }
     };
@@ -213,6 +212,8 @@ void tablero(Conexion& c) {
     i.nit_y_libro(260, 160);
     i.texto_de("TI", 260, 200, 12);
     i.texto_de("ST", 260, 243, kMenuda);
+    // Es la fecha de impresión: sin su rótulo se lee como el período de las cifras.
+    i.texto("Impreso", 1140, 96, kMenuda);
     i.texto_de("FM", 1140, 120, 12);
     i.texto_de("FA", 1310, 120, 12);
     i.raya(kMargen, 300, kFin - kMargen);

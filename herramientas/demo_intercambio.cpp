@@ -22,6 +22,7 @@ QByteArray lea(const QString& relativo) {
 
 constexpr const char* kUtilidades = "370505";
 constexpr const char* kPlazoFijo = "122505";
+constexpr const char* kSinTrabajar = "236530";
 constexpr int kAPlazo = 28000000; ///< de los ahorros, lo que vence a más de noventa días
 
 /// Los saldos con que empezó el año, ya cruzados, como los trae la pantalla.
@@ -99,8 +100,8 @@ void trabaje_apertura(Conexion& c) {
     c.ejecute("update apertura_niif set apni_nota = 'Hay un CDT por 28.000.000 que vence a más de"
               " noventa días: no es efectivo ni equivalente.' where cuen_cod = ?",
               {Valor(kAhorros)});
-    // El pasivo está por trabajar.
-    c.ejecute("delete from apertura_niif_det where cuen_cod >= '2' and cuen_cod < '3'");
+    // Una cuenta está por trabajar; es chica, para que el balance se lea entero.
+    c.ejecute("delete from apertura_niif_det where cuen_cod = ?", {Valor(kSinTrabajar)});
 }
 
 // ---------------------------------------------------------------- procedimientos y equivalencias

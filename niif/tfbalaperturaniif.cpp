@@ -460,6 +460,7 @@ void Tfbalaperturaniif::SpeedButton1Click() {
     motor.ProjectFile = ruta_informe("saldos.rav");
     motor.abrir_proyecto(motor.ProjectFile);
     fije_variables(motor, "Saldos iniciales");
+    motor.fijar_parametro("Rango", "Al comenzar " + EAno->text());
     motor.fijar_parametro("Libro", "NIIF");
     CBalinicial.Instantanea = true;
     CBalinicial.Open("select * from BALANCE_INICIAL_NIIF order by cuenta, nit, proy, centro");

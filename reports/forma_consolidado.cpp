@@ -177,20 +177,26 @@ void FormaConsolidado::diga_lo_omitido(const QVector<std::pair<QString, Moneda>>
     }
     if (cuentas > 0)
         fdm().mostrar_advertencia(
-            QStringLiteral("Sin consolidar: %1 que solo tiene la compañía %2, con saldos por %3 al "
-                           "débito y %4 al crédito.")
-                .arg(concuerde(cuentas, "una cuenta", "%1 cuentas"), CodCia1->text().trimmed(),
-                     debito.formateada(), credito.formateada()));
+            QStringLiteral("Sin consolidar: %1, con saldos por %2 al débito y %3 al crédito.")
+                .arg(lo_omitido(), debito.formateada(), credito.formateada()));
 }
 
 void FormaConsolidado::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
     motor.fijar_parametro("Libro", "2649"); // el único que se consolida
     const QString otra = NomCia1->text().isEmpty() ? CodCia1->text().trimmed() : NomCia1->text();
-    QString titulo = QString::fromUtf8(variante().titulo);
-    // Sin ellas una clase no es la suma de sus grupos: quien lo lee firmado debe saberlo. Antes del
-    // nombre, que si es largo se recorta.
+    motor.fijar_texto(pagina, QStringLiteral("Text1"),
+                      QString::fromUtf8(variante().titulo) + QStringLiteral(" con ") + otra);
+}
+
+QString FormaConsolidado::rango_legible() {
+    QStringList partes{FormaEstado::rango_legible()};
+    // Sin ellas una clase no es la suma de sus grupos: quien lo lee firmado debe saberlo.
     if (sin_consolidar_ > 0)
-        titulo += ", sin " + concuerde(sin_consolidar_, "una cuenta", "%1 cuentas") +
-                  " que solo movió la otra,";
-    motor.fijar_texto(pagina, QStringLiteral("Text1"), titulo + QStringLiteral(" con ") + otra);
+        partes << "sin " + lo_omitido();
+    return partes.join(QStringLiteral(" · "));
+}
+
+QString FormaConsolidado::lo_omitido() const {
+    return concuerde(sin_consolidar_, "una cuenta", "%1 cuentas") + " que solo movió la compañía " +
+           CodCia1->text().trimmed();
 }

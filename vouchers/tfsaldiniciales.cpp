@@ -257,6 +257,7 @@ void Tfsaldiniciales::SpeedButton1Click() {
     motor.ProjectFile = ruta_informe("saldos.rav");
     motor.abrir_proyecto(motor.ProjectFile);
     fije_variables(motor, "Saldos iniciales");
+    motor.fijar_parametro("Rango", "Al comenzar " + EMes->text().toLower() + " de " + EAno->text());
     motor.fijar_parametro("Libro", "2649");
     // De una vez: lo impreso cuadra aunque otro grabe mientras se escogen las opciones.
     CBalance.Instantanea = true;

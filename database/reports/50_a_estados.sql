@@ -167,8 +167,9 @@ BEGIN
 END^
 
 -- El mismo tramo repartido a todos los niveles: una fila por código (NIT nulo) y, con TERCEROS "S",
--- una por cada tercero de cada cuenta con saldo propio, después de la suya. Las sumas son solo de
--- los terceros del rango. Interna de los balances con terceros.
+-- una por cada tercero de cada cuenta con saldo propio, después de la suya; NIT vacío, lo que no
+-- lleva tercero. Las sumas son solo de los terceros del rango. Interna de los balances con
+-- terceros: si la cuenta tiene otros, la del NIT vacío sale como "Sin tercero" y suman la cuenta.
 CREATE OR ALTER PROCEDURE BALANCE_TRAMO{_NIIF} (
   DESDE varchar(20), HASTA varchar(20), NITINI varchar(20), NITFIN varchar(20), ANO varchar(4),
   MES1 smallint, MES2 smallint, SIN_MOVIMIENTO char(1), TERCEROS char(1),
@@ -196,8 +197,7 @@ BEGIN
     FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN,
       iif(:TERCEROS = 'S', :ANO, NULL), :MES1, :MES2, :TERCEROS, :SIN_CIERRE) T
     LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(T.CUENTA)
-    WHERE T.NIT <> ''
-      AND (:SIN_MOVIMIENTO = 'S' OR T.INICIAL <> 0 OR T.DEBITOS <> 0 OR T.CREDITOS <> 0)
+    WHERE :SIN_MOVIMIENTO = 'S' OR T.INICIAL <> 0 OR T.DEBITOS <> 0 OR T.CREDITOS <> 0
     ORDER BY 1, 2 NULLS FIRST
     INTO :CODIGO, :NIT, :NIVEL, :INICIAL, :DEBITOS, :CREDITOS
   DO
@@ -223,14 +223,23 @@ BEGIN
     SELECT B.CODIGO, C.CUEN_NOM, B.NIT, T.TERC_NOM, B.INICIAL, B.DEBITOS, B.CREDITOS,
       B.INICIAL + B.DEBITOS - B.CREDITOS, iif(B.NIT IS NULL, B.NIVEL, 99), T.TERC_DV, T.TERC_DIR,
       T.TERC_CIU, T.CIUD_COD, T.TERC_TEL, T.TERC_FAX, T.TERC_CEL
-    FROM BALANCE_TRAMO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES, :MES, :SIN_MOVIMIENTO,
-      'S', coalesce(rdb$get_context('USER_SESSION', 'SIN_CIERRE'), 'N')) B
+    FROM (
+      SELECT R.*, max(R.NIT) OVER (PARTITION BY R.CODIGO) MAYOR
+      FROM BALANCE_TRAMO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES, :MES, :SIN_MOVIMIENTO,
+        'S', coalesce(rdb$get_context('USER_SESSION', 'SIN_CIERRE'), 'N')) R) B
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = B.CODIGO
     LEFT JOIN TERCEROS T ON T.TERC_NIT = B.NIT
+    WHERE B.NIT IS NULL OR B.MAYOR <> ''
+    ORDER BY B.CODIGO, B.NIT NULLS FIRST
     INTO :CUENTA, :NOM_CUENTA, :NIT, :NOM_TERCERO, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL,
       :DV, :DIR, :CIUDAD, :CODCIU, :TEL, :FAX, :CEL
   DO
   BEGIN
+    IF (NIT = '') THEN
+    BEGIN
+      NIT = '-';
+      NOM_TERCERO = 'Sin tercero';
+    END
     SIGNO = NATURALEZA(CUENTA);
     NOMCTATER = iif(NIT IS NULL, NOM_CUENTA, NOM_TERCERO);
     STERCERO = iif(NIVEL = 99, SIGNO * FINAL, 0);
@@ -257,13 +266,22 @@ BEGIN
   FOR
     SELECT B.CODIGO, C.CUEN_NOM, B.INICIAL, B.DEBITOS, B.CREDITOS,
       B.INICIAL + B.DEBITOS - B.CREDITOS, B.NIVEL, C.CUEN_AFECTABLE, B.NIT, T.TERC_NOM
-    FROM BALANCE_TRAMO{_NIIF}(:DESDE, :HASTA, iif(:TERINI = '0', '', :TERINI), :TERFIN, :ANO, :MES1,
-      :MES2, :SIN_MOVIMIENTO, :TERCEROS) B
+    FROM (
+      SELECT R.*, max(R.NIT) OVER (PARTITION BY R.CODIGO) MAYOR
+      FROM BALANCE_TRAMO{_NIIF}(:DESDE, :HASTA, iif(:TERINI = '0', '', :TERINI), :TERFIN, :ANO,
+        :MES1, :MES2, :SIN_MOVIMIENTO, :TERCEROS) R) B
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = B.CODIGO
     LEFT JOIN TERCEROS T ON T.TERC_NIT = B.NIT
+    WHERE B.NIT IS NULL OR B.MAYOR <> ''
+    ORDER BY B.CODIGO, B.NIT NULLS FIRST
     INTO :CODIGO, :NOMBRE, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL, :AFECTABLE, :NIT, :NOMTERC
   DO
   BEGIN
+    IF (NIT = '') THEN
+    BEGIN
+      NIT = '-';
+      NOMTERC = 'Sin tercero';
+    END
     NOMCTATER = iif(NIT IS NULL, NOMBRE, NOMTERC);
     TURNO = iif(NIT IS NULL, 0, TURNO + 1);
     IF (TURNO > 0) THEN
@@ -352,22 +370,29 @@ BEGIN
       JOIN (SELECT ESTR_NIVEL NIVEL, ESTR_DIGITOS DIGITOS FROM ESTRUCTURA WHERE ESTR_DIGITOS > 0
         UNION ALL
         SELECT NULL, 0 FROM RDB$DATABASE WHERE :TERCERO = 'S') N
-        ON N.DIGITOS <= char_length(H.CUENTA) AND (N.DIGITOS > 0 OR H.NIT <> '')
+        ON N.DIGITOS <= char_length(H.CUENTA)
       WHERE H.INI <> 0 OR H.MOVIDAS > 0
       GROUP BY 1, 2, 3)
-    SELECT F.CUENTA || iif(F.NIT IS NULL, '', '.' || F.NIT), C.CUEN_NOM, F.INI, F.M01, F.M02, F.M03,
-      F.M04, F.M05, F.M06, F.M07, F.M08, F.M09, F.M10, F.M11, F.M12, F.M13, F.INI + F.M01 + F.M02
-        + F.M03 + F.M04 + F.M05 + F.M06 + F.M07 + F.M08 + F.M09 + F.M10 + F.M11 + F.M12 + F.M13,
+    SELECT F.CUENTA || coalesce('.' || iif(F.NIT = '', '-', F.NIT), ''), C.CUEN_NOM, F.INI, F.M01,
+      F.M02, F.M03, F.M04, F.M05, F.M06, F.M07, F.M08, F.M09, F.M10, F.M11, F.M12, F.M13,
+      F.INI + F.M01 + F.M02 + F.M03 + F.M04 + F.M05 + F.M06 + F.M07 + F.M08 + F.M09 + F.M10 + F.M11
+        + F.M12 + F.M13,
       coalesce(F.NIVEL, E.ESTR_NIVEL), F.NIT, T.TERC_NOM
-    FROM FILA F
+    FROM (SELECT FILA.*, max(NIT) OVER (PARTITION BY CUENTA) MAYOR FROM FILA) F
     LEFT JOIN ESTRUCTURA E ON F.NIT IS NOT NULL AND E.ESTR_DIGITOS = char_length(F.CUENTA)
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = F.CUENTA
     LEFT JOIN TERCEROS T ON T.TERC_NIT = F.NIT
+    WHERE F.NIT IS NULL OR F.MAYOR <> ''
     ORDER BY F.CUENTA, F.NIT NULLS FIRST
     INTO :CODIGO, :NOMBRE, :INICIAL, :MVENE, :MVFEB, :MVMAR, :MVABR, :MVMAY, :MVJUN, :MVJUL, :MVAGO,
       :MVSEP, :MVOCT, :MVNOV, :MVDIC, :MVCIE, :FINAL, :NIVEL, :NIT, :NOMTERC
   DO
   BEGIN
+    IF (NIT = '') THEN
+    BEGIN
+      NIT = '-';
+      NOMTERC = 'Sin tercero';
+    END
     IF (SALDOS = 'S') THEN
     BEGIN
       MVENE = INICIAL + MVENE;
@@ -399,24 +424,34 @@ RETURNS (CUENTA varchar(41), NOM_CUENTA varchar(60), NIT varchar(20), NOM_TERCER
 AS
 BEGIN
   FOR
-    SELECT U.CODIGO || iif(U.NIT IS NULL, '', '.' || U.NIT), C.CUEN_NOM, U.NIT, T.TERC_NOM,
+    SELECT U.CODIGO || coalesce('.' || iif(U.NIT = '', '-', U.NIT), ''), C.CUEN_NOM, U.NIT,
+      T.TERC_NOM,
       sum(iif(U.CUAL = 1, U.INICIAL, 0)), sum(iif(U.CUAL = 1, U.DEBITOS, 0)),
       sum(iif(U.CUAL = 1, U.CREDITOS, 0)), sum(iif(U.CUAL = 2, U.INICIAL, 0)),
       sum(iif(U.CUAL = 2, U.DEBITOS, 0)), sum(iif(U.CUAL = 2, U.CREDITOS, 0)), U.NIVEL
     FROM (
-      SELECT 1 CUAL, CODIGO, NIT, NIVEL, INICIAL, DEBITOS, CREDITOS
-      FROM BALANCE_TRAMO{_NIIF}('', 'ZZ', '', 'ZZ', :ANO1, :MES1, :MES1, 'N', :TERCEROS)
-      UNION ALL
-      SELECT 2, CODIGO, NIT, NIVEL, INICIAL, DEBITOS, CREDITOS
-      FROM BALANCE_TRAMO{_NIIF}('', 'ZZ', '', 'ZZ', :ANO2, :MES2, :MES2, 'N', :TERCEROS)) U
+      -- Los dos meses juntos: los terceros pueden estar solo en uno.
+      SELECT M.*, max(M.NIT) OVER (PARTITION BY M.CODIGO) MAYOR
+      FROM (
+        SELECT 1 CUAL, CODIGO, NIT, NIVEL, INICIAL, DEBITOS, CREDITOS
+        FROM BALANCE_TRAMO{_NIIF}('', 'ZZ', '', 'ZZ', :ANO1, :MES1, :MES1, 'N', :TERCEROS)
+        UNION ALL
+        SELECT 2, CODIGO, NIT, NIVEL, INICIAL, DEBITOS, CREDITOS
+        FROM BALANCE_TRAMO{_NIIF}('', 'ZZ', '', 'ZZ', :ANO2, :MES2, :MES2, 'N', :TERCEROS)) M) U
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = U.CODIGO
     LEFT JOIN TERCEROS T ON T.TERC_NIT = U.NIT
+    WHERE U.NIT IS NULL OR U.MAYOR <> ''
     GROUP BY U.CODIGO, U.NIT, C.CUEN_NOM, T.TERC_NOM, U.NIVEL
     ORDER BY U.CODIGO, U.NIT NULLS FIRST
     INTO :CUENTA, :NOM_CUENTA, :NIT, :NOM_TERCERO, :INICIAL1, :DEBITOS1, :CREDITOS1, :INICIAL2,
       :DEBITOS2, :CREDITOS2, :NIVEL
   DO
   BEGIN
+    IF (NIT = '') THEN
+    BEGIN
+      NIT = '-';
+      NOM_TERCERO = 'Sin tercero';
+    END
     FINAL1 = INICIAL1 + DEBITOS1 - CREDITOS1;
     FINAL2 = INICIAL2 + DEBITOS2 - CREDITOS2;
     TERCERO = iif(NIT IS NULL, 'N', 'S');

@@ -5,8 +5,9 @@ SET TERM ^ ;
 --<LIBROS>
 -- Balance de un mes por cuenta y centro. CENTRO_CUENTA "N": cada cuenta con sus centros debajo;
 -- "S": cada centro con sus cuentas de todos los niveles. Los límites de proyecto y centro son de
--- texto; lo que no lleva centro entra con el inferior vacío. En las filas de centro NIVEL es 99 y
--- NOMCTACEN el nombre del centro; los valores por nivel van con el signo del estado. Lo llaman
+-- texto; lo que no lleva centro entra con el inferior vacío, y con "N" sale en una fila "Sin
+-- centro" si la cuenta tiene otros. En las filas de centro NIVEL es 99 y NOMCTACEN el nombre del
+-- centro; los valores por nivel van con el signo del estado. Lo llaman
 -- Tfrngbalancecentro y, con SIN_CIERRE "S" en la sesión, Tfrngresultadocentro y Tfcomparacentros:
 -- el resultado va sin el cierre del año.
 CREATE OR ALTER PROCEDURE BALANCE_CON_CENTROS_MES{_N} (
@@ -53,8 +54,13 @@ BEGIN
       JOIN ESTRUCTURA N ON N.ESTR_DIGITOS <= char_length(H.CUENTA)
       GROUP BY 1, 2, 3, 4
       UNION ALL
-      SELECT H.CUENTA, H.PROY, H.CENTRO, 99, H.INI, H.DEB, H.CRE, 1
-      FROM HOJA H WHERE :CENTRO_CUENTA <> 'S' AND H.CENTRO <> '')
+      SELECT D.CUENTA, D.PROY, iif(D.CENTRO = '', '-', D.CENTRO), 99, D.INI, D.DEB, D.CRE, 1
+      FROM (
+        SELECT H.CUENTA, iif(H.CENTRO = '', '', H.PROY) PROY, H.CENTRO, sum(H.INI) INI,
+          sum(H.DEB) DEB, sum(H.CRE) CRE, max(max(H.CENTRO)) OVER (PARTITION BY H.CUENTA) MAYOR
+        FROM HOJA H WHERE :CENTRO_CUENTA <> 'S'
+        GROUP BY 1, 2, 3) D
+      WHERE D.MAYOR <> '')
     SELECT F.CUENTA, C.CUEN_NOM, F.PROY, F.CENTRO, P.PROY_NOM, S.CENT_NOM, F.INI, F.DEB, F.CRE,
       F.INI + F.DEB - F.CRE, F.NIVEL, F.DE_CENTRO
     FROM FILA F
@@ -68,6 +74,8 @@ BEGIN
   DO
   BEGIN
     SIGNO = NATURALEZA(CUENTA);
+    IF (DE_CENTRO = 1 AND CENTRO = '-') THEN
+      NOM_SUBCENTRO = coalesce(NOM_SUBCENTRO, 'Sin centro');
     NOMCTACEN = iif(DE_CENTRO = 1, NOM_SUBCENTRO, NOM_CUENTA);
     MOVIMIEN = DEBITOS - CREDITOS;
     SCENTRO = iif(DE_CENTRO = 1, SIGNO * FINAL, 0);
@@ -121,8 +129,8 @@ BEGIN
   END
 END^
 
--- Filas anuales de un libro por cuenta y centro; con ANO nulo, ninguna. Interna de
--- BALANCE_ANUAL_CENTROS.
+-- Filas anuales de un libro por cuenta y centro ("-", lo que no lleva centro en la cuenta que tiene
+-- otros); con ANO nulo, ninguna. Interna de BALANCE_ANUAL_CENTROS.
 CREATE OR ALTER PROCEDURE ANUAL_CENTROS{_NIIF} (
   ANO varchar(4), DESDE varchar(20), HASTA varchar(20))
 RETURNS (CUENTA varchar(20), NOMBRE varchar(60), NIVEL integer, PROY varchar(4), CENTRO varchar(4),
@@ -144,13 +152,18 @@ BEGIN
         AND S.SALD_ANO <= :ANO
       GROUP BY 1, 2, 5
       UNION ALL
-      SELECT S.CUEN_COD, N.ESTR_NIVEL, S.PROY_COD, S.CENT_COD,
-        iif(S.SALD_ANO < :ANO, 0, minvalue(S.SALD_MES, 13)), sum(S.SALD_DEBITO - S.SALD_CREDITO)
-      FROM VISTA_SALDOS_CENTRO{_NIIF} S
-      LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(S.CUEN_COD)
-      WHERE S.CUEN_COD >= :DESDE AND (S.CUEN_COD <= :HASTA OR S.CUEN_COD STARTING WITH :HASTA)
-        AND S.SALD_ANO <= :ANO AND S.CENT_COD <> ''
-      GROUP BY S.CUEN_COD, N.ESTR_NIVEL, S.PROY_COD, S.CENT_COD, 5) U
+      SELECT D.CUENTA, D.NIVEL, D.PROY, iif(D.CENTRO = '', '-', D.CENTRO), D.MES, D.NETO
+      FROM (
+        SELECT S.CUEN_COD CUENTA, N.ESTR_NIVEL NIVEL, iif(S.CENT_COD = '', '', S.PROY_COD) PROY,
+          S.CENT_COD CENTRO, iif(S.SALD_ANO < :ANO, 0, minvalue(S.SALD_MES, 13)) MES,
+          sum(S.SALD_DEBITO - S.SALD_CREDITO) NETO,
+          max(max(S.CENT_COD)) OVER (PARTITION BY S.CUEN_COD) MAYOR
+        FROM VISTA_SALDOS_CENTRO{_NIIF} S
+        LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(S.CUEN_COD)
+        WHERE S.CUEN_COD >= :DESDE AND (S.CUEN_COD <= :HASTA OR S.CUEN_COD STARTING WITH :HASTA)
+          AND S.SALD_ANO <= :ANO
+        GROUP BY 1, 2, 3, 4, 5) D
+      WHERE D.MAYOR <> '') U
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = U.CUENTA
     INTO :CUENTA, :NOMBRE, :NIVEL, :PROY, :CENTRO, :MES, :NETO
   DO
@@ -172,7 +185,9 @@ AS
 BEGIN
   FOR
     SELECT A.CUENTA || iif(A.CENTRO IS NULL, '', '.' || A.PROY || '-' || A.CENTRO),
-      iif(A.CENTRO IS NULL, A.NOMBRE, min(S.CENT_NOM)), sum(iif(A.MES = 0, A.NETO, 0)),
+      iif(A.CENTRO IS NULL, A.NOMBRE,
+        coalesce(min(S.CENT_NOM), iif(A.CENTRO = '-', 'Sin centro', NULL))),
+      sum(iif(A.MES = 0, A.NETO, 0)),
       sum(iif(A.MES = 1, A.NETO, 0)), sum(iif(A.MES = 2, A.NETO, 0)),
       sum(iif(A.MES = 3, A.NETO, 0)), sum(iif(A.MES = 4, A.NETO, 0)),
       sum(iif(A.MES = 5, A.NETO, 0)), sum(iif(A.MES = 6, A.NETO, 0)),

@@ -52,22 +52,31 @@ BEGIN
     EXIT;
   FOR
     -- Los nombres no van unidos: por cada fila el motor recorrería el plan entero.
-    SELECT U.CODIGO, (SELECT C.CUEN_NOM FROM {CUENTAS} C WHERE C.CUEN_COD = U.CODIGO),
-      nullif(U.ARTICULO, ''),
-      (SELECT A.ARTI_DES FROM ARTICULO A WHERE A.ARTI_COD = U.ARTICULO), U.SALDO, U.NIVEL
+    SELECT U.CODIGO,
+      coalesce(U.NOMBRE, (SELECT C.CUEN_NOM FROM {CUENTAS} C WHERE C.CUEN_COD = U.CODIGO)),
+      iif(U.ARTICULO = '', '-', U.ARTICULO),
+      iif(U.ARTICULO = '', 'Sin artículo',
+        (SELECT A.ARTI_DES FROM ARTICULO A WHERE A.ARTI_COD = U.ARTICULO)), U.SALDO, U.NIVEL
     FROM (
-      SELECT CODIGO, '' ARTICULO, FINAL SALDO, NIVEL FROM BALANCE_PRUEBA{_NIIF}(:ANO, :MES, 'N', 99)
+      SELECT CODIGO, NOMBRE, cast(NULL AS varchar(15)) ARTICULO, FINAL SALDO, NIVEL,
+        cast(NULL AS varchar(15)) MAYOR
+      FROM BALANCE_MES{_NIIF}(:ANO, :MES, 'S', 'S', 'S', 'N')
       WHERE CODIGO < '4'
       UNION ALL
-      SELECT S.CUEN_COD, S.ARTI_COD, sum(S.SALD_DEBITO - S.SALD_CREDITO), min(N.ESTR_NIVEL)
-      FROM VISTA_SALDOS_ARTICULO{_NIIF} S
-      JOIN {CUENTAS} K ON K.CUEN_COD = S.CUEN_COD AND K.CUEN_TIPO = 'I'
-      LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(S.CUEN_COD)
-      WHERE S.CUEN_COD < '4' AND S.ARTI_COD <> ''
-        AND (S.SALD_ANO < :ANO OR (S.SALD_ANO = :ANO AND S.SALD_MES <= :MES))
-      GROUP BY S.CUEN_COD, S.ARTI_COD
-      HAVING sum(S.SALD_DEBITO - S.SALD_CREDITO) <> 0) U
-    ORDER BY U.CODIGO, U.ARTICULO
+      SELECT A.CUEN_COD, cast(NULL AS varchar(60)), A.ARTI_COD, A.SALDO, A.NIVEL,
+        max(A.ARTI_COD) OVER (PARTITION BY A.CUEN_COD)
+      FROM (
+        SELECT S.CUEN_COD, S.ARTI_COD, sum(S.SALD_DEBITO - S.SALD_CREDITO) SALDO,
+          min(N.ESTR_NIVEL) NIVEL
+        FROM VISTA_SALDOS_ARTICULO{_NIIF} S
+        JOIN {CUENTAS} K ON K.CUEN_COD = S.CUEN_COD AND K.CUEN_TIPO = 'I'
+        LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(S.CUEN_COD)
+        WHERE S.CUEN_COD < '4'
+          AND (S.SALD_ANO < :ANO OR (S.SALD_ANO = :ANO AND S.SALD_MES <= :MES))
+        GROUP BY S.CUEN_COD, S.ARTI_COD
+        HAVING sum(S.SALD_DEBITO - S.SALD_CREDITO) <> 0) A) U
+    WHERE U.ARTICULO IS NULL OR U.MAYOR <> ''
+    ORDER BY U.CODIGO, U.ARTICULO NULLS FIRST
     INTO :CODIGO, :NOMBRE, :ARTICULO, :NOMARTICULO, :SALDO, :NIVEL
   DO
     SUSPEND;
@@ -101,8 +110,10 @@ END^
 --</LIBROS>
 
 -- Inventario y balances a un mes: cuentas de balance, y bajo las de inventario sus artículos, que
--- llevan el nivel de su cuenta. SCLASE a SCUENTA, el saldo con el signo del estado en la columna de
--- su nivel, cero en las filas de artículo. Lo llama Tfrngoficiales.
+-- llevan el nivel de su cuenta; lo que no lleva artículo, en uno "-" si la cuenta tiene otros. El
+-- resultado sin cerrar va como en BALANCE_MES: en el renglón 39 y sumado a la clase 3. SCLASE a
+-- SCUENTA, el saldo con el signo del estado en la columna de su nivel, cero en las filas de
+-- artículo. Lo llama Tfrngoficiales.
 CREATE OR ALTER PROCEDURE INVENTARIO_Y_BALANCE (ANO varchar(4), MES smallint, NIIF char(1))
 RETURNS (CODIGO varchar(36), NOMBRE varchar(60), ARTICULO varchar(15), NOMARTICULO varchar(60),
   SALDO numeric(15,2), SCLASE numeric(15,2), SGRUPO numeric(15,2), SSUBGRUPO numeric(15,2),

@@ -5,7 +5,7 @@
 
 enum class TipoBase { Compania, General };
 
-inline constexpr int kVersionCompania = 13;
+inline constexpr int kVersionCompania = 14;
 inline constexpr int kVersionGeneral = 1;
 
 inline int version_conocida(TipoBase tipo) {

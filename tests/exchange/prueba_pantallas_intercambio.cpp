@@ -510,6 +510,15 @@ void PruebaPantallasIntercambio::
     QCOMPARE(lista.count(), 2);
     QVERIFY(componente<QLineEdit>(p, "EParam2").isVisible());
     QVERIFY(!componente<QLineEdit>(p, "EParam3").isVisible());
+    // Se leen como los de las demás pantallas: con dos puntos, y su caja en la misma columna.
+    QStringList rotulos;
+    for (const QLabel* l : p->findChildren<QLabel*>())
+        if (l->isVisible())
+            rotulos << l->text();
+    QVERIFY2(rotulos.contains("Cuenta:") && rotulos.contains("Mínimo:"),
+             qPrintable(rotulos.join('|')));
+    const auto izquierda = [&](QWidget& w) { return w.mapTo(p, QPoint()).x(); };
+    QCOMPARE(izquierda(componente<QLineEdit>(p, "EParam1")), izquierda(lista));
     llene(p, "EParam1", "110505");
     dice(Qt::Key_F5, "Debe indicar un parámetro al procedimiento.");
     llene(p, "EParam2", "50");

@@ -161,14 +161,37 @@ inline QMap<std::pair<QString, QString>, Cifras> saldos(const QVector<Renglon>& 
     return por_hoja;
 }
 
-/// Las mismas, repartidas en los códigos de los que cuelga cada cuenta, y sus filas de detalle
-/// donde la cuenta tiene alguno. Solo lo que se movió.
-inline QMap<QString, Cifras> por_codigo(const QMap<std::pair<QString, QString>, Cifras>& hojas,
-                                        bool con_detalle) {
-    QSet<QString> detalladas;
+/// Lo que no lleva detalle, en la llave de su fila.
+inline QString o_sin(const QString& detalle) {
+    return detalle.isEmpty() ? QStringLiteral("-") : detalle;
+}
+
+/// Las cuentas que tienen algún detalle.
+inline QSet<QString> detalladas(const QMap<std::pair<QString, QString>, Cifras>& hojas) {
+    QSet<QString> cuentas;
     for (const auto& [llave, c] : hojas.asKeyValueRange())
         if (!llave.second.isEmpty())
-            detalladas << llave.first;
+            cuentas << llave.first;
+    return cuentas;
+}
+
+/// Quita las filas de lo que no lleva detalle donde la cuenta no tiene otras ni está en `dejar`:
+/// serían ella misma.
+template <class Fila>
+void quite_solas(QMap<QString, Fila>& filas, const QSet<QString>& dejar = {}) {
+    for (const QString& llave : filas.keys()) {
+        if (!llave.endsWith("/-") || dejar.contains(llave.chopped(2)))
+            continue;
+        const auto otra = filas.upperBound(llave); // los códigos vienen después del guion
+        if (otra == filas.end() || !otra.key().startsWith(llave.chopped(1)))
+            filas.remove(llave);
+    }
+}
+
+/// Las mismas, repartidas en los códigos de los que cuelga cada cuenta, y sus filas de detalle.
+/// Solo lo que se movió.
+inline QMap<QString, Cifras> por_codigo(const QMap<std::pair<QString, QString>, Cifras>& hojas,
+                                        bool con_detalle) {
     QMap<QString, Cifras> filas;
     for (const auto& [llave, c] : hojas.asKeyValueRange()) {
         if (!c.movida())
@@ -176,8 +199,8 @@ inline QMap<QString, Cifras> por_codigo(const QMap<std::pair<QString, QString>, 
         for (int digitos : {1, 2, 4, 6, 8, 10, 12, 14, 16, 18})
             if (digitos <= llave.first.size())
                 filas[llave.first.left(digitos)].sume(c);
-        if (con_detalle && detalladas.contains(llave.first))
-            filas[llave.first + '/' + llave.second].sume(c);
+        if (con_detalle)
+            filas[llave.first + '/' + o_sin(llave.second)].sume(c);
     }
     return filas;
 }

@@ -36,7 +36,7 @@ QString lo_omitido(const QMap<QString, QStringList>& a, const QMap<QString, QStr
         if (!mayor)
             (saldo.negativa() ? credito : debito) += saldo.absoluta();
     }
-    return QString("%1 que solo tiene la compañía 002, con saldos por %2 al débito y %3 al "
+    return QString("%1 que solo movió la compañía 002, con saldos por %2 al débito y %3 al "
                    "crédito.")
         .arg(cuentas == 1 ? QString("una cuenta") : QString("%1 cuentas").arg(cuentas))
         .arg(debito.formateada(), credito.formateada());
@@ -277,9 +277,11 @@ private slots:
         QCOMPARE(p->NomCia1->text(), "La segunda");
         tome_foto(&s.ventana, "consolidado");
         const QString texto = informe_como_texto(p, Qt::Key_F2);
-        QVERIFY(texto.contains("Balance de Prueba Consolidado, sin 2 cuentas que solo movió la "
-                               "otra, con La segunda") &&
-                texto.contains("Libro 2649"));
+        QVERIFY2(texto.contains("Balance de Prueba Consolidado con La segunda") &&
+                     texto.contains("Enero de 2017 · ") &&
+                     texto.contains(" · sin 2 cuentas que solo movió la compañía 002") &&
+                     texto.contains("Libro 2649"),
+                 qPrintable(texto));
         QVERIFY2(renglon_con(texto, "110505").endsWith("0.00 2,000.00 500.00 1,500.00"),
                  qPrintable(renglon_con(texto, "110505")));
         QVERIFY(!texto.contains("130505"));
@@ -287,9 +289,27 @@ private slots:
         QVERIFY2(renglon_con(texto, "Total").contains("0.00 2,700.00 2,500.00"),
                  qPrintable(renglon_con(texto, "Total")));
         // 13, 1305 y 130505 son la misma plata, y 2205 lo mismo.
-        QCOMPARE(s.barra.text(), "Advertencia: Sin consolidar: 2 cuentas que solo tiene la "
+        QCOMPARE(s.barra.text(), "Advertencia: Sin consolidar: 2 cuentas que solo movió la "
                                  "compañía 002, con saldos por "
                                  "700.00 al débito y 200.00 al crédito.");
+        for (Conexion* c : {&s.base.base(), &s.segunda})
+            grabe(*c, 3, "20170107",
+                  {{1, "110505", Moneda(10), Moneda()},
+                   {2, "413505", Moneda(), Moneda(10), "900123456", "0002", "0001"}});
+        // Un nombre largo sale entero en los cinco, aunque no quepa en un renglón.
+        const QString largo = "COMERCIALIZADORA INTERNACIONAL DE MADERAS DEL PACÍFICO S.A.S";
+        QCOMPARE(largo.size(), 60);
+        s.base.general().ejecute("update compania set com_nombre = '" + largo +
+                                 "' where comp_cod = '002'");
+        const auto con_nombre = [&](Pantalla* estado) {
+            return informe_como_texto(estado, Qt::Key_F2)
+                .simplified()
+                .contains("Consolidado con " + largo);
+        };
+        for (const char* tipo : {"G", "D", "P"})
+            QVERIFY2(con_nombre(s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", tipo)), tipo);
+        for (const char* tipo : {"G", "D"})
+            QVERIFY2(con_nombre(s.pantalla<Tfrngresulconsol>("Tfrngresulconsol", tipo)), tipo);
     }
 
     void sin_cuentas_en_comun_salen_las_de_la_primera_y_el_general_cuadra() {

@@ -23,6 +23,7 @@ private slots:
     void el_nivel_del_general_esta_fijo();
     void el_resultado_impreso_es_el_de_las_lineas();
     void los_totales_cuentan_cada_clase_una_vez();
+    void los_renglones_de_una_cuenta_mixta_suman_la_cuenta();
     void las_notas_van_a_continuacion_solo_si_se_piden();
     void lo_que_falta_se_dice_sin_cerrar_la_pantalla();
     void el_libro_exportado_lleva_tipos_y_sangria();
@@ -246,6 +247,36 @@ void PruebaEstados::los_totales_cuentan_cada_clase_una_vez() {
              qPrintable(detallado));
     QCOMPARE(tras(corra(estados()[0], parte), "Total activo"),
              totales(hasta_deudores, 9, 9).section(' ', -1));
+}
+
+void PruebaEstados::los_renglones_de_una_cuenta_mixta_suman_la_cuenta() {
+    SesionGui s;
+    const QVector<Linea> lineas{{1, "510506", 700, 0, "900123456", "0001", "0002"},
+                                {2, "510506", 300, 0},
+                                {3, "310505", 0, 1000}};
+    grabe(s.base.base(), 1, "20180315", lineas, lineas);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 2;
+    int vistos = 0;
+    for (const EstadoImpreso& e : estados()) {
+        const bool centros = e.clase.endsWith("centro") || e.casillas.contains("ckcentro");
+        if (e.clase == "Tfrngcomparacentro" || e.casillas.contains("Centro"))
+            continue;
+        if (!centros && !e.clase.endsWith("tercero") &&
+            !e.casillas.join(' ').contains("tercero", Qt::CaseInsensitive))
+            continue;
+        ++vistos;
+        for (bool niif : {false, true}) {
+            const QString texto = corra(e, {}, niif ? QStringList{"ckniif"} : QStringList());
+            // La que no lleva ninguno, como 310505, no tiene renglón de lo que le falta.
+            for (const auto& [lleva, veces] :
+                 {std::pair{"Sin tercero", centros ? 0 : 1}, {"Sin centro", centros ? 1 : 0}})
+                QVERIFY2(texto.count(lleva) == veces, qPrintable(e.clase + e.tipo + '\n' + texto));
+            for (const char* cifra : {"1,000.00", "700.00", " 300.00"})
+                QVERIFY2(texto.contains(cifra), qPrintable(e.clase + e.tipo + '\n' + texto));
+        }
+    }
+    QVERIFY2(vistos >= 9, qPrintable(QString::number(vistos)));
 }
 
 void PruebaEstados::las_notas_van_a_continuacion_solo_si_se_piden() {

@@ -32,7 +32,8 @@ private slots:
 
     void la_consulta_sigue_a_la_letra_y_a_la_configuracion();
     void el_mayor_cuadra_sus_tres_parejas();
-    void el_inventario_lleva_los_saldos_y_dice_el_resultado_sin_cerrar();
+    void el_inventario_lleva_los_saldos_y_el_resultado_sin_cerrar();
+    void descuadrado_el_inventario_lo_muestra_como_el_balance_general();
     void el_diario_suma_las_lineas_en_sus_tres_ordenes();
     void en_papel_ya_impreso_no_va_encabezado();
     void la_numeracion_compara_textos_y_deja_una_hoja_de_mas();
@@ -98,19 +99,50 @@ void PruebaOficiales::el_mayor_cuadra_sus_tres_parejas() {
     }
 }
 
-void PruebaOficiales::el_inventario_lleva_los_saldos_y_dice_el_resultado_sin_cerrar() {
+void PruebaOficiales::el_inventario_lleva_los_saldos_y_el_resultado_sin_cerrar() {
     SesionDeEstados s(53, 7);
     for (int niif : {0, 1}) {
-        Moneda activo, resto;
+        Moneda activo, pasivo, patrimonio, resultado;
         for (const Renglon& r : renglones(s.base.base(), niif, true))
-            if (r.fecha.left(6) <= "201808" && r.cuenta < "4")
-                (r.cuenta < "2" ? activo : resto) += r.neto();
+            if (r.fecha.left(6) <= "201808" && r.cuenta < "8")
+                (r.cuenta < "2"   ? activo
+                 : r.cuenta < "3" ? pasivo
+                 : r.cuenta < "4" ? patrimonio
+                                  : resultado) += r.neto();
+        QVERIFY(!resultado.es_cero());
         const QString texto =
             libro("I", {{"Nivel", "5"}}, niif ? QStringList{"ckniif"} : QStringList());
         QCOMPARE(tras(texto, "Total activo"), impreso(activo));
-        QCOMPARE(tras(texto, "Pasivo y patrimonio"), impreso(-resto));
-        QCOMPARE(tras(texto, "Total pasivo y patrimonio"), impreso(activo));
-        QCOMPARE(tras(texto, "Resultado del ejercicio en curso"), impreso(activo + resto));
+        QCOMPARE(tras(texto, "Total pasivo y patrimonio"),
+                 impreso(-(pasivo + patrimonio + resultado)));
+        // Es un renglón más, sin código porque no es una cuenta, y suma en su clase.
+        const auto renglon = [&](const char* comienzo) {
+            return renglones_con(texto, comienzo).value(0).simplified();
+        };
+        QCOMPARE(renglon("Resultado del ejercicio en curso"),
+                 "Resultado del ejercicio en curso " + impreso(-resultado));
+        QVERIFY2(renglon("3 ").endsWith(' ' + impreso(-(patrimonio + resultado))),
+                 qPrintable(renglon("3 ")));
+    }
+}
+
+void PruebaOficiales::descuadrado_el_inventario_lo_muestra_como_el_balance_general() {
+    SesionDeEstados s(56, 7);
+    for (int libro : {0, 1})
+        s.base.ejecute({QString("insert into saldos_iniciales%1 (sain_item, cuen_cod, sain_debito, "
+                                "sain_credito) values (900, '110505', 1000, 0)")
+                            .arg(sufijo(libro))});
+    for (const QStringList& casillas : {QStringList(), QStringList{"ckniif"}}) {
+        const QString inventario = libro("I", {{"Nivel", "3"}}, casillas),
+                      general =
+                          imprima("Tfrngbalancegeneral", {}, casillas, nullptr, AbreInforme{"G"});
+        for (const char* total : {"Total activo", "Total pasivo y patrimonio"})
+            QCOMPARE(tras(inventario, total), tras(general, total));
+        const auto cifra = [&](const char* total) {
+            return Moneda::de_texto(
+                tras(inventario, total).replace('(', '-').remove(',').remove(')'));
+        };
+        QCOMPARE(cifra("Total activo") - cifra("Total pasivo y patrimonio"), Moneda(1000));
     }
 }
 

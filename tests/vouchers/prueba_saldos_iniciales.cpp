@@ -331,7 +331,8 @@ private slots:
         QCOMPARE(s.dato("select sum(sain_debito) from saldos_iniciales"), "1500000.5");
         for (const char* lleva :
              {"Compañía de Pruebas S.A.S.", "Saldos iniciales", "Ferretería El Tornillo",
-              "Libro 2649", "1,200,000.00", "Elaborado por: Administrador General"})
+              "Libro 2649", "Al comenzar enero de 2017", "1,200,000.00",
+              "Elaborado por: Administrador General"})
             QVERIFY2(texto.contains(QString::fromUtf8(lleva)), lleva);
         // por cuenta, y las sumas iguales al final
         QVERIFY(texto.indexOf("110505") < texto.indexOf("130505") &&

@@ -1,0 +1,2 @@
+-- Los balances dicen lo que una cuenta tiene sin tercero, sin centro o sin artículo, y el libro de
+-- inventarios saca el resultado de sus cuentas. Los guiones hacen los procedimientos.
