@@ -57,7 +57,12 @@ a_pdf balance_acumulado
 estado Down Down Right Down Return
 teclas F2
 a_pdf comparativo_anual
+# Enero contra febrero: cada mes, por su primera letra.
 estado Down Down Right Down Down Return
+escriba E
+teclas Tab Tab
+escriba F
+foto rango_compara_periodos
 teclas F2
 a_pdf compara_periodos
 # Los proyectos y los centros se escogen juntos; aquí se digitan.
