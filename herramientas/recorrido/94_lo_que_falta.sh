@@ -100,10 +100,10 @@ estaba "las normas por corregir" "$normas_tecleadas" <<FIN
 98.2 Ítem que sobra
 99 Norma que sobra
 FIN
-teclas Home
+teclas ctrl+Home
 escriba 99
 foto norma_ubicada
-teclas ctrl+Delete s Home
+teclas ctrl+Delete s ctrl+Home
 escriba 98
 teclas Tab Delete
 escriba "Norma corregida"
