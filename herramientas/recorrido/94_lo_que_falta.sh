@@ -100,16 +100,16 @@ estaba "las normas por corregir" "$normas_tecleadas" <<FIN
 98.2 Ítem que sobra
 99 Norma que sobra
 FIN
-teclas ctrl+Home
+teclas ctrl+Home Home
 escriba 99
 foto norma_ubicada
-teclas ctrl+Delete s ctrl+Home
+teclas ctrl+Delete s ctrl+Home Home
 escriba 98
 teclas Tab Delete
 escriba "Norma corregida"
-teclas F12 ctrl+Home
+teclas F12 ctrl+Home Home
 escriba 98.2
-teclas ctrl+Delete s ctrl+Home Tab Delete
+teclas ctrl+Delete s ctrl+Home Home Tab Delete
 escriba "Ítem corregido"
 foto normas_corregidas
 teclas F2 Escape Escape Escape Escape
