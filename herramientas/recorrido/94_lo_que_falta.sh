@@ -79,43 +79,43 @@ teclas Return Escape s Escape
 
 # Una norma y un ítem se corrigen; otra y otro se borran. En la lista para escoger, teclear ubica y
 # Supr abre la celda.
-normas_tecleadas="select nnif_id || ' ' || nnif_nombre from normas_niif where nnif_id in (98, 99)
+normas_tecleadas="select nnif_id || ' ' || nnif_nombre from normas_niif where nnif_id in (97, 98)
     union all select nnid_item || ' ' || nnif_nombre from normas_niif_detalle
-    where nnif_id in (98, 99) order by 1"
+    where nnif_id in (97, 98) order by 1"
 teclas alt+c Tab Return
 halle 110510
 teclas alt+r F5 ctrl+Home Insert
-fila 98 "Norma nueva"
+fila 97 "Norma nueva"
 teclas F12 Insert
-fila 98.1 "Ítem nuevo"
+fila 97.1 "Ítem nuevo"
 teclas Down Home
-fila 98.2 "Ítem que sobra"
+fila 97.2 "Ítem que sobra"
 teclas F12 ctrl+End Down
-fila 99 "Norma que sobra"
+fila 98 "Norma que sobra"
 teclas F2
 foto normas_nuevas
 estaba "las normas por corregir" "$normas_tecleadas" <<FIN
-98 Norma nueva
-98.1 Ítem nuevo
-98.2 Ítem que sobra
-99 Norma que sobra
+97 Norma nueva
+97.1 Ítem nuevo
+97.2 Ítem que sobra
+98 Norma que sobra
 FIN
 teclas ctrl+Home Home
-escriba 99
+escriba 98
 foto norma_ubicada
 teclas ctrl+Delete s ctrl+Home Home
-escriba 98
+escriba 97
 teclas Tab Delete
 escriba "Norma corregida"
 teclas F12 ctrl+Home Home
-escriba 98.2
+escriba 97.2
 teclas ctrl+Delete s ctrl+Home Home Tab Delete
 escriba "Ítem corregido"
 foto normas_corregidas
 teclas F2 Escape Escape Escape Escape
 quede "las normas que se corrigieron" "$normas_tecleadas" <<FIN
-98 Norma corregida
-98.1 Ítem corregido
+97 Norma corregida
+97.1 Ítem corregido
 FIN
 
 # Dos taxonomías: se borra la primera.
