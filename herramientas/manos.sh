@@ -141,6 +141,12 @@ fila() {
         [ -z "$celda" ] || escriba "$celda"
     done
 }
+# halle TEXTO: lo busca en la lista y vuelve a las filas.
+halle() {
+    teclas shift+F12
+    escriba "$1"
+    teclas Return
+}
 # opcion LETRA...: en un menú de botones, hasta la que empieza por ellas, y la abre.
 opcion() { teclas "$@" Return; }
 

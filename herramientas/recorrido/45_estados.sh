@@ -57,7 +57,13 @@ a_pdf balance_acumulado
 estado Down Down Right Down Return
 teclas F2
 a_pdf comparativo_anual
+# Enero contra febrero: cada mes, por su primera letra. Los períodos van antes de las cuentas.
 estado Down Down Right Down Down Return
+veces 4 shift+Tab
+escriba E
+teclas Tab Tab
+escriba F
+foto rango_compara_periodos
 teclas F2
 a_pdf compara_periodos
 # Los proyectos y los centros se escogen juntos; aquí se digitan.

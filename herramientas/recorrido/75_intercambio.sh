@@ -243,11 +243,14 @@ foto procedimiento_generado 1.5
 teclas Escape
 espere_aviso
 foto aviso_de_respuesta
-teclas ctrl+shift+m Escape
-foto avisos_cerrados 0.5
+# Se da por leído: si solo se cerrara, volvería y taparía las fotos que siguen.
+teclas ctrl+shift+m shift+Tab
+foto aviso_por_leer 0.5
+teclas Return
+foto avisos_leidos 0.5
 teclas Escape
 quede "los mensajes" "select mens_autor || ' ' || mens_destino || ' ' || mens_leido || ' ' ||
     cast(mens_mensaje as varchar(60)) from mensajeria order by mens_id" <<FIN
 ADMIN ADMIN S Ya se puede cerrar diciembre
-ADMIN ADMIN N Cerrado queda
+ADMIN ADMIN S Cerrado queda
 FIN

@@ -1,12 +1,6 @@
 # Registros de catálogo que se crean, se corrigen y se borran: cuentas de los dos planes, terceros,
 # proyectos con sus centros. Va de última: las filas nuevas correrían las de las otras escenas.
 
-# halle TEXTO: lo busca en la lista y vuelve a las filas.
-halle() {
-    teclas shift+F12
-    escriba "$1"
-    teclas Return
-}
 # tres_cuentas TABLA: en el plan abierto crea tres, corrige la segunda y borra la tercera.
 tres_cuentas() {
     local cual
