@@ -42,6 +42,11 @@ Tfrngbalancecomparativo::Tfrngbalancecomparativo() : FormaEstado(kDatosRngbalanc
     arme_botones(f);
 }
 
+void Tfrngbalancecomparativo::FormCreate() {
+    FormaEstado::FormCreate();
+    findChild<QWidget*>(QStringLiteral("MesIni"))->setFocus(); // los períodos van antes
+}
+
 QString Tfrngbalancecomparativo::sql() {
     return QStringLiteral("select * from %1(%2, %3, %4, %5, ")
                .arg(procedimiento("balance_comparativo"), entre_comillas("EAno1"),

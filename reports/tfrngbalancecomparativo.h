@@ -7,6 +7,8 @@ class Tfrngbalancecomparativo : public FormaEstado {
 public:
     Tfrngbalancecomparativo();
 
+    void FormCreate() override;
+
     QCheckBox* CkTerceros;
 
 protected:

@@ -7,6 +7,7 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/rejilla.h"
 
 Tftaxonomias::Tftaxonomias() : Pantalla("Tftaxonomias", "Taxonomías") {
@@ -82,7 +83,9 @@ void Tftaxonomias::SBBorrarClick() {
         !pregunte_con_no("Esta seguro de borrar la taxonomia " +
                          Ctaxonomia->FieldByName("TAXO_NOMBRE").texto() + "?"))
         return;
+    const QString nombre = Ctaxonomia->FieldByName("TAXO_NOMBRE").texto();
     fdm().Quorvex.ejecute("delete from taxonomia where taxo_id = " +
                           QString::number(Ctaxonomia->FieldByName("TAXO_ID").entero()));
-    Ctaxonomia->Reabra();
+    Ctaxonomia->Refresh(); // sigue en la de al lado
+    anuncie(fdm().barra(), "Borrada la taxonomía " + nombre);
 }

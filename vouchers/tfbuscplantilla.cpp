@@ -1,5 +1,6 @@
 #include "vouchers/tfbuscplantilla.h"
 
+#include "toolkit/historia_avisos.h"
 #include "vouchers/pantalla_plantilla.h"
 #include "vouchers/pch.h"
 
@@ -17,7 +18,10 @@ Tfbuscplantilla::Tfbuscplantilla()
                        {"TConc", "Concepto", 60, "plan_concepto", FiltroTexto::Contiene},
                        {"TRef", "Referencia", 8, "plan_refer", FiltroTexto::Contiene}},
                       "SpeedButton5", false);
-    filtros_->al_buscar = [this] { busque(kOrden); };
+    filtros_->al_buscar = [this] {
+        DBGridEh1->texto_vacio = "No hay plantillas con esas condiciones.";
+        busque(kOrden);
+    };
     DBGridEh1 = rejilla("DBGridEh1",
                         {{"TICO_COD", "Tipo", 5},
                          {"PRCO_PREF", "Prefijo", 7},
@@ -96,4 +100,5 @@ void Tfbuscplantilla::borrar_plantilla(const QString& id) {
                     " where plan_id = " + id);
     CBorrar.Execute("delete from plantilla_encabezado where plan_id = " + id);
     conjunto_.Refresh();
+    anuncie(fdm().barra(), "Borrada la plantilla " + id);
 }

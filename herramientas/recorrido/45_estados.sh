@@ -57,9 +57,8 @@ a_pdf balance_acumulado
 estado Down Down Right Down Return
 teclas F2
 a_pdf comparativo_anual
-# Enero contra febrero: cada mes, por su primera letra. Los períodos van antes de las cuentas.
+# Enero contra febrero: cada mes, por su primera letra.
 estado Down Down Right Down Down Return
-veces 4 shift+Tab
 escriba E
 teclas Tab Tab
 escriba F

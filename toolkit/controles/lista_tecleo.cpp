@@ -41,7 +41,7 @@ void ListaTecleo::keyPressEvent(QKeyEvent* evento) {
     const int antes = currentIndex();
     if (isEnabled() && !isEditable() && tecleo_.reciba(*evento)) {
         espera_.start();
-        if (const int hallado = con_prefijo(antes); hallado < 0) {
+        if (const int hallado = con_lo_tecleado(antes); hallado < 0) {
             tecleo_.devuelva();
             siga_en_la_otra(*evento);
         } else if (hallado != antes) {
@@ -72,11 +72,17 @@ void ListaTecleo::siga_en_la_otra(QKeyEvent& evento) {
         QApplication::sendEvent(otra, &evento);
 }
 
-int ListaTecleo::con_prefijo(int desde) const {
+int ListaTecleo::con_lo_tecleado(int desde) const {
     if (tecleo_.vacio())
         return desde;
-    const QString buscado =
-        texto_llano(tecleo_.repetido() ? tecleo_.texto().left(1) : tecleo_.texto());
+    const int hallado = con_prefijo(tecleo_.texto(), desde);
+    // La misma letra otra vez: la siguiente que empieza por ella.
+    return hallado < 0 && tecleo_.repetido() ? con_prefijo(tecleo_.texto().left(1), desde)
+                                             : hallado;
+}
+
+int ListaTecleo::con_prefijo(const QString& comienzo, int desde) const {
+    const QString buscado = texto_llano(comienzo);
     const int cuantos = count(), paso = buscado.size() == 1 ? 1 : 0;
     for (int i = 0; i < cuantos; ++i) {
         const int cual = (qMax(desde, -paso) + paso + i + cuantos) % cuantos;
@@ -103,7 +109,7 @@ bool ListaTecleo::eventFilter(QObject* objeto, QEvent* evento) {
             return true;
         }
         if (tecleo_.reciba(tecla)) {
-            if (const int hallado = con_prefijo(view()->currentIndex().row()); hallado < 0)
+            if (const int hallado = con_lo_tecleado(view()->currentIndex().row()); hallado < 0)
                 tecleo_.devuelva();
             else
                 view()->setCurrentIndex(model()->index(hallado, modelColumn(), rootModelIndex()));

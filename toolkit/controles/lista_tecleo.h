@@ -26,7 +26,8 @@ protected:
     void focusOutEvent(QFocusEvent* evento) override;
 
 private:
-    int con_prefijo(int desde) const;
+    int con_lo_tecleado(int desde) const;
+    int con_prefijo(const QString& comienzo, int desde) const;
     void tome_la_senalada();
     void siga_en_la_otra(QKeyEvent& evento);
     Tecleo tecleo_;

@@ -278,7 +278,7 @@ private:
     bool busca_al_teclear() const;
     bool teclee(const QKeyEvent& tecla);
     void ubique_lo_tecleado();
-    bool ubique_prefijo();
+    bool ubique_lo_que_empiece(const QString& comienzo);
     void olvide_tecleo();
     void muestre_tecleo();
 

@@ -389,20 +389,21 @@ void Rejilla::ubique_lo_tecleado() {
     proteja([this] {
         if (OnTeclear)
             OnTeclear(tecleo_.texto());
-        else if (!tecleo_.vacio() && !ubique_prefijo())
+        else if (!tecleo_.vacio() && !ubique_lo_que_empiece(tecleo_.texto()) &&
+                 // La misma letra otra vez: la siguiente que empieza por ella.
+                 !(tecleo_.repetido() && ubique_lo_que_empiece(tecleo_.texto().left(1))))
             tecleo_.devuelva();
     });
     muestre_tecleo();
 }
 
-bool Rejilla::ubique_prefijo() {
+bool Rejilla::ubique_lo_que_empiece(const QString& comienzo) {
     int c = SelectedIndex();
     if (c < 0 || columna(c).casilla)
         c = columna_visible(0, 1);
     if (c < 0)
         return false;
-    const QString buscado =
-        texto_llano(tecleo_.repetido() ? tecleo_.texto().left(1) : tecleo_.texto());
+    const QString buscado = texto_llano(comienzo);
     // Una letra sola, y la misma otra vez, pasan a la siguiente; un texto más largo mira la actual.
     const int actual = currentIndex().row();
     const int desde = qMax(0, actual) + (buscado.size() == 1 && actual >= 0 ? 1 : 0);
