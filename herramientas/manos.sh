@@ -9,7 +9,8 @@ exec {nadie}<>"$trabajo/nadie"
 # abra_pantalla: la virtual, con un gestor de ventanas que no tiene teclas propias.
 abra_pantalla() {
     # Sin -noreset, al irse el primer cliente olvidaría el teclado que aquí se le pone.
-    Xvfb -r -noreset -displayfd 3 -screen 0 1366x768x24 -nolisten tcp \
+    # Con -dumbSched no tiene reloj propio, que a veces se queda andando y nunca habría calma.
+    Xvfb -r -noreset -dumbSched -displayfd 3 -screen 0 1366x768x24 -nolisten tcp \
         3>"$trabajo/monitor" 2>/dev/null &
     pantalla=$!
     for _ in $(seq 600); do [ -s "$trabajo/monitor" ] && break; sleep 0.1; done
