@@ -246,6 +246,15 @@ QStringList variables(const QVector<Pieza>& piezas, int desde) {
     return lista;
 }
 
+/// Lo que va entre paréntesis son argumentos de una función y no el valor de una constante.
+bool anuncia(const QVector<Trozo>& trozos, const Pieza& argumentos) {
+    for (int i = argumentos.desde; i + 1 < argumentos.hasta; ++i)
+        if (trozos[i].tipo == Trozo::Nombre &&
+            (trozos[i + 1].tipo == Trozo::Nombre || trozos[i + 1].es("&") || trozos[i + 1].es("*")))
+            return true;
+    return argumentos.desde == argumentos.hasta;
+}
+
 QStringList declarados(const QVector<Trozo>& trozos, QVector<Pieza> piezas) {
     if (!piezas.isEmpty() && piezas[0].es("template")) {
         int dentro = 0, i = 1;
@@ -274,8 +283,9 @@ QStringList declarados(const QVector<Trozo>& trozos, QVector<Pieza> piezas) {
         return (piezas[suyo].nombre() ? QStringList(piezas[suyo].trozo->texto) : QStringList()) +
                variables(piezas, llave + 1);
     }
-    const bool funcion = parentesis > 0 && iguala < 0 && piezas[parentesis - 1].nombre() &&
-                         (piezas.last().es("{") || piezas.last().es("("));
+    const bool funcion =
+        parentesis > 0 && iguala < 0 && piezas[parentesis - 1].nombre() &&
+        (piezas.last().es("{") || (piezas.last().es("(") && anuncia(trozos, piezas[parentesis])));
     if (!funcion)
         return variables(piezas, 0);
     if (parentesis < 2 || piezas[parentesis - 2].es("::"))
