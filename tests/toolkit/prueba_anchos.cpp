@@ -232,7 +232,7 @@ private slots:
         QCoreApplication::processEvents();
         p.detalle->Append();
         p.detalle->FieldByName("CUEN_COD").asigne("110599");
-        p.detalle->FieldByName("CODE_CONCEPTO").asigne("Nombre largo de verdad");
+        p.detalle->FieldByName("CODE_CONCEPTO").asigne("Administración y ventas de hoy");
         p.detalle->FieldByName("CODE_DEBITO").asigne(Moneda::de_texto("9999999999999.99"));
         p.detalle->Post();
         QCoreApplication::processEvents();
