@@ -15,9 +15,9 @@ namespace {
 
 constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
 
-/// Un grupo de nombre largo no corre la segunda columna.
-void ceda_ancho(ListaDato& lista) {
-    lista.setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+/// La lista toma el ancho de su columna, y un nombre largo no la corre.
+void tome_su_columna(ListaDato& lista) {
+    lista.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     lista.setMinimumWidth(ancho_caracteres(lista.fontMetrics(), 24));
 }
 } // namespace
@@ -135,9 +135,9 @@ void FormaActivo::construya() {
     EDesc->setMinimumWidth(ancho_caracteres(EDesc->fontMetrics(), kLetras));
     LGrupo = nombrado(new ListaDato(&CActivo, "ACGR_ID"), "LGrupo");
     LGrupo->lista_de(&CGrupos, "ACGR_ID", "ACGR_NOM");
-    ceda_ancho(*LGrupo);
     LSubgrupo = nombrado(new ListaDato(&CActivo, "ACSG_ID"), "LSubgrupo");
     LSubgrupo->lista_de(&CSubgrupos, "ACSG_ID", "ACSG_NOMBRE");
+    tome_su_columna(*LGrupo), tome_su_columna(*LSubgrupo);
     auto* observaciones = nombrado(new MemoDato(&CActivo, "ACFJ_OBS"), "EObs");
     observaciones->lineas(2);
     PageControl1 = nombrado(new QTabWidget, "PageControl1");

@@ -4,6 +4,7 @@
 #include "budget/peticiones_presupuesto.h"
 #include "sesion/instalacion.h"
 #include "sesion/variables_informe.h"
+#include "toolkit/controles/nombre_de_fila.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/grafica.h"
 #include "toolkit/informes/motor.h"
@@ -149,6 +150,8 @@ void Tfcompresupuesto::construya() {
     columna->addWidget(
         new BandasRejilla(*DBGridEh1, {{"Periodo actual", 2, 7}, {"Acumulado", 8, 13}}));
     columna->addWidget(DBGridEh1, 1);
+    columna->addSpacing(paso(0.5));
+    columna->addWidget(NombreDeFila::renglon("Cuenta", CComparacion, {"NOMCUENTA"}, "NomCuenta"));
     Barras = new Grafica(Grafica::Barras);
     Barras->setObjectName("Barras");
     Barras->setAccessibleName("Presupuesto contra movimiento de la cuenta, mes a mes");

@@ -1,6 +1,7 @@
 #include "exchange/forma_copia.h"
 
 #include "datos/firebird/concuerde.h"
+#include "exchange/caja_de_codigo.h"
 #include "exchange/pch.h"
 #include "toolkit/aviso_trabajo.h"
 
@@ -15,6 +16,7 @@ FormaCopia::FormaCopia(const QString& clase, const QString& titulo) : Pantalla(c
         auto* c = new QLineEdit;
         c->setObjectName(nombre);
         c->setMaxLength(largo);
+        mida_como_codigo(*c);
         return c;
     };
     const auto rotulo = [](const char* nombre) {

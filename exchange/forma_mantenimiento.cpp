@@ -1,5 +1,6 @@
 #include "exchange/forma_mantenimiento.h"
 
+#include "exchange/caja_de_codigo.h"
 #include "exchange/pch.h"
 #include "libro/catalogos.h"
 #include "sesion/indices_catalogos.h"
@@ -31,6 +32,7 @@ QLineEdit* FormaMantenimiento::caja(const QString& nombre, int largo) {
     auto* c = new QLineEdit;
     c->setObjectName(nombre);
     c->setMaxLength(largo);
+    mida_como_codigo(*c);
     return c;
 }
 
@@ -38,6 +40,7 @@ CajaSugerida* FormaMantenimiento::caja_de_codigo(const QString& nombre) {
     auto* c = new CajaSugerida;
     c->setObjectName(nombre);
     c->setMaxLength(20);
+    mida_como_codigo(*c);
     c->setToolTip("? y parte del nombre abre la lista");
     c->installEventFilter(this);
     return c;

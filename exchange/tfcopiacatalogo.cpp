@@ -1,5 +1,6 @@
 #include "exchange/tfcopiacatalogo.h"
 
+#include "exchange/caja_de_codigo.h"
 #include "exchange/pch.h"
 
 Tfcopiacatalogo::Tfcopiacatalogo()
@@ -7,6 +8,7 @@ Tfcopiacatalogo::Tfcopiacatalogo()
     Nivel = new QLineEdit;
     Nivel->setObjectName("Nivel");
     Nivel->setMaxLength(2);
+    mida_como_codigo(*Nivel);
     ckniif = new QCheckBox("Plan NIIF");
     ckniif->setObjectName("ckniif");
     Formulario f(this);

@@ -6,6 +6,7 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/controles/lista_tecleo.h"
+#include "toolkit/controles/nombre_de_fila.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -54,6 +55,7 @@ Tfbalanceanual::Tfbalanceanual() : BalancePorNiveles("Tfbalanceanual", "balance 
     Formulario f(this);
     f.fila({{"Año", periodo}, {"", Formulario::junto({ckTerc, cksaldos, cree_filtro(DBGridEh1)})}});
     f.ancha(DBGridEh1);
+    f.ancha(NombreDeFila::renglon("Cuenta", CBalance, {"NOMBRE", "NOMTERC"}, "NomCuenta"), 0);
     f.ancha(cree_grafico(), 1);
     arme_botones();
     f.botones(findChild<BarraBotones*>());

@@ -6,6 +6,7 @@
 #include "ledger/cifrascontrol.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/controles/nombre_de_fila.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/letrero_espera.h"
@@ -25,6 +26,7 @@ struct Tfbalanceprueba::DatosPagina {
     const char* procedimiento;
     std::array<const char*, 6> titulos;
     std::array<const char*, 4> cajas;
+    const char* nombre;
     const char* auxiliar;
     const char* terceros;
     const char* centros;
@@ -39,6 +41,7 @@ const std::array<Tfbalanceprueba::DatosPagina, 2> Tfbalanceprueba::kPaginas = {{
         .titulos = {"Cód. Cuenta", "Nombre cuenta", "S. Inicial", "Débitos", "Créditos",
                     "S. Final"},
         .cajas = {"SIni", "Sdb", "Scr", "Sfin"},
+        .nombre = "NomCuenta",
         .auxiliar = "Tfauxiliar",
         .terceros = "Tfsaldoterc",
         .centros = "Tfsaldocentro",
@@ -50,6 +53,7 @@ const std::array<Tfbalanceprueba::DatosPagina, 2> Tfbalanceprueba::kPaginas = {{
         .procedimiento = "consulta_balance_mes_niif",
         .titulos = {"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"},
         .cajas = {"SNIni", "SNdb", "SNcr", "SNfin"},
+        .nombre = "NomNiif",
         .auxiliar = "Tfauxiliarniif",
         .terceros = "Tfsaldotercniif",
         .centros = "Tfsaldocentroniif",
@@ -108,6 +112,7 @@ void Tfbalanceprueba::arme_pagina(int indice, ConjuntoDatos& conjunto) {
         cajas << nombre;
     auto* cifras = new CifrasControl(rejilla, importes, sumas, cajas, hoja);
     columna->addWidget(cifras);
+    columna->addWidget(NombreDeFila::renglon("Cuenta", conjunto, {"NOMBRE"}, datos.nombre));
     PageControl1->addTab(hoja, datos.titulo);
     paginas_[size_t(indice)] = {&datos, &conjunto, rejilla, cifras, {}};
 }

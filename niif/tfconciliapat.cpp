@@ -3,6 +3,7 @@
 #include "niif/pch.h"
 #include "niif/peticiones_niif.h"
 #include "toolkit/controles/lista_tecleo.h"
+#include "toolkit/controles/nombre_de_fila.h"
 #include "toolkit/letrero_al_pie.h"
 
 namespace {
@@ -69,7 +70,9 @@ void Tfconciliapat::construya() {
     barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario f(this);
     f.fila({{"Año", EAno}, {"Mes", EMes}, {"Nivel", LNivel}});
-    f.ancha(DBGridEh1, 1).ancha(Aviso, 0).botones(barra);
+    auto* nombres =
+        NombreDeFila::renglon("Cuenta", CConcilia, {"NOMBRE", "NOMBRENIIF"}, "NomCuenta");
+    f.ancha(DBGridEh1, 1).ancha(nombres, 0).ancha(Aviso, 0).botones(barra);
     tamano(1170, 570);
 }
 

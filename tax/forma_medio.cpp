@@ -13,6 +13,7 @@
 #include "toolkit/formulario.h"
 #include "toolkit/historia_avisos.h"
 #include "toolkit/pida_archivo.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QDir>
@@ -29,6 +30,8 @@
 #include <QToolButton>
 
 namespace {
+
+constexpr int kLetrasDeRazon = 20; ///< de una razón social, las que siempre se leen
 
 /// Un texto que se ve entero si hay alto o si tiene el foco; si no, cede hasta dos renglones y se
 /// desplaza.
@@ -125,6 +128,7 @@ FormaMedio::FormaMedio(const DatosFormaMedio& datos)
     DBGridEh1->setAccessibleName("Filas por reportar");
     // Con la advertencia a la vista, tres filas con sus títulos, sus sumas y la barra de abajo.
     DBGridEh1->setMinimumHeight(6 * DBGridEh1->verticalHeader()->defaultSectionSize());
+    DBGridEh1->setProperty(AnchosRejilla::kLetrasDeNombre, kLetrasDeRazon);
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->orden_local = true;
     DBGridEh1->texto_vacio = "No hay filas del formato en el año. Insert agrega la primera.";
@@ -154,10 +158,15 @@ QLineEdit* FormaMedio::caja(const QString& nombre, int caracteres) {
     c->setMaxLength(caracteres);
     constexpr int kCodigo = 20; // un año o una fecha no piden más que su ancho
     c->setMinimumWidth(ancho_caracteres(c->fontMetrics(), qMin(caracteres, kCodigo) + 2));
-    constexpr int kMayor = 80; // y una ruta no pasa de ahí, por ancha que sea la ventana
-    c->setMaximumWidth(caracteres <= kCodigo ? c->minimumWidth()
-                                             : ancho_caracteres(c->fontMetrics(), kMayor));
+    if (caracteres <= kCodigo)
+        c->setMaximumWidth(c->minimumWidth());
     return c;
+}
+
+QWidget* FormaMedio::hasta_el_tope(QWidget* renglon) {
+    constexpr int kMayor = 104; // de ahí no pasa, por ancha que sea la ventana
+    renglon->setMaximumWidth(ancho_caracteres(renglon->fontMetrics(), kMayor));
+    return renglon;
 }
 
 QWidget* FormaMedio::cree_ubicacion() {
@@ -168,7 +177,7 @@ QWidget* FormaMedio::cree_ubicacion() {
     otra->setToolTip("Escoger el archivo");
     connect(otra, &QToolButton::clicked, this,
             [this] { ejecute([this] { SpeedButton1Click(); }); });
-    return Formulario::junto({Ubicacion, otra});
+    return hasta_el_tope(Formulario::junto({Ubicacion, otra}));
 }
 
 void FormaMedio::arme_pie(Formulario& f, const QString& rotulo_archivo,

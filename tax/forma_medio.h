@@ -64,6 +64,8 @@ protected:
     // --- construcción
     QLineEdit* caja(const QString& nombre, int caracteres);
     QWidget* cree_ubicacion();
+    /// El renglón crece con la ventana hasta el mismo borde que los demás.
+    static QWidget* hasta_el_tope(QWidget* renglon);
     void arme_pie(Formulario& f, const QString& rotulo_archivo,
                   const std::function<void(BarraBotones&)>& otros = {});
 

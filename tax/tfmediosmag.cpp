@@ -16,6 +16,7 @@
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/pida_archivo.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QComboBox>
@@ -25,7 +26,8 @@
 
 namespace {
 
-constexpr int kFecha = 8; ///< letras de una fecha
+constexpr int kFecha = 8;         ///< letras de una fecha
+constexpr int kLetrasNombre = 20; ///< de un nombre, las que siempre se leen
 
 QLineEdit* nueva_caja(QWidget* padre, const char* nombre, int largo) {
     auto* c = new QLineEdit(padre);
@@ -99,6 +101,7 @@ void Tfmediosmag::arme() {
     DBGridEh1 = new Rejilla(this, CMedmagdata);
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName("Resultado del listado");
+    DBGridEh1->setProperty(AnchosRejilla::kLetrasDeNombre, kLetrasNombre);
     DBGridEh1->ReadOnly = true;
     DBGridEh1->orden_local = true;
     DBGridEh1->texto_vacio = "No hay filas entre las dos fechas.";

@@ -33,7 +33,6 @@ constexpr int kValores = 11;
 constexpr int kNit = 31; ///< el tipo de documento que lleva dígito de verificación
 
 constexpr int kLetrasFormato = 24; ///< del nombre de un formato, las que siempre se ven
-constexpr int kLetrasMayor = 80;   ///< y de ahí no pasa, por ancha que sea la ventana
 
 } // namespace
 
@@ -129,7 +128,6 @@ void Tfmediosmag13::arme_encabezado(Formulario& f) {
     LFormato->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     LFormato->setMinimumContentsLength(kLetrasFormato);
     LFormato->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    LFormato->setMaximumWidth(ancho_caracteres(LFormato->fontMetrics(), kLetrasMayor));
     connect(NroEnv, &QSpinBox::valueChanged, this,
             [this] { proteja([this] { calculanombre(); }); });
     connect(Concepto, &QComboBox::currentIndexChanged, this,
@@ -142,7 +140,8 @@ void Tfmediosmag13::arme_encabezado(Formulario& f) {
     f.fila("Año envío:", en_flujo({Edit1, con_rotulo("Fecha de envío", FecEnvio),
                                    con_rotulo("Consecutivo de envío", NroEnv)},
                                   paso()));
-    f.fila("Concepto:", en_flujo({Concepto, con_rotulo("Formato", LFormato)}, paso()));
+    f.fila("Concepto:",
+           hasta_el_tope(en_flujo({Concepto, con_rotulo("Formato", LFormato)}, paso())));
     f.fila("Nombre archivo:", cree_ubicacion());
 }
 

@@ -144,7 +144,7 @@ void Tfmediosmagbog::arme_encabezado(Formulario& f) {
     f.fila("Año a reportar:",
            en_flujo({EAno, con_rotulo("Fecha inicial", FecIni), con_rotulo("Fecha final", FecFin)},
                     paso()));
-    f.fila("Artículo:", LFormato);
+    f.fila("Artículo:", hasta_el_tope(LFormato));
     f.fila("NIT secretaria hacienda:",
            en_flujo({NitShd, con_rotulo("Centro costos Bogotá", CentroBogota)}, paso()));
     f.fila("Nombre archivo:", cree_ubicacion());

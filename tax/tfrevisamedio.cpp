@@ -7,6 +7,7 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/texto_de_fila.h"
 #include "toolkit/formulario.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QApplication>
@@ -77,6 +78,8 @@ Tfrevisamedio::Tfrevisamedio() : Pantalla("Tfrevisamedio", "Revisión del medio 
                          {"ARCHIVO", "Archivo", 17, Suma, kImporteConCero},
                          {"LIBRO", "Libro", 17, Suma, kImporteConCero},
                          {"DIFERENCIA", "Diferencia", 15, Suma, kImporteConCero}});
+    // Un importe largo puede entrar después: la rejilla se desplaza antes que cortarlos.
+    DBGridEh2->setProperty(AnchosRejilla::kLetrasDeNombre, 30);
     DBGridEh2->pie(true);
     DBGridEh2->texto_vacio = "El formato no tiene conceptos con movimiento.";
     DBGridEh2->nombre_archivo = "CuadreMedio";

@@ -480,7 +480,10 @@ QPalette paleta() {
     p.setColor(QPalette::ToolTipText, tinta);
     for (const auto rol : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         p.setColor(QPalette::Disabled, rol, apagado);
-    p.setColor(QPalette::Disabled, QPalette::Base, fondo);
+    // En oscuro el fondo de la ventana apenas se distingue del papel.
+    p.setColor(QPalette::Disabled, QPalette::Base, segun(fondo, fondo_fijo()));
+    p.setColor(QPalette::Disabled, QPalette::AlternateBase,
+               segun(p.color(QPalette::AlternateBase), {0x2e, 0x34, 0x3a}));
     p.setColor(QPalette::Disabled, QPalette::Highlight,
                segun({0xc4, 0xcc, 0xd4}, {0x4a, 0x52, 0x5a}));
     return p;

@@ -12,10 +12,6 @@
 #include "vouchers/piezas.h"
 #include "vouchers/planilla.h"
 
-namespace {
-constexpr int kDigitarPlanilla = 30;
-}
-
 FormaPlanilla::FormaPlanilla(Modo modo)
     : Pantalla(modo == Nueva ? "Tfnvaplanillad" : "Tfmodplanillad", "Digitación rápida"),
       TPlanillad(this, "TPlanillad", fdm().Quorvex,

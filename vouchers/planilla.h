@@ -2,6 +2,8 @@
 // Planilla de digitación: qué columnas tiene su hoja y qué comprobante sale de una fila.
 #include "libro/comprobante.h"
 
+inline constexpr int kDigitarPlanilla = 30; ///< opción de acceso
+
 /// Una cuenta de la planilla: una columna de importes de la hoja.
 struct CuentaPlanilla {
     QString cuenta, titulo;

@@ -3,6 +3,7 @@
 #include "catalogues/grabe_y_anuncie.h"
 #include "toolkit/aire.h"
 #include "toolkit/controles/imagendato.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/datos_formato.h"
 #include "vouchers/lienzo_formato.h"
@@ -181,15 +182,17 @@ void Tfedtformato::construya_encabezado(Formulario& f) {
     LFont->setMinimumContentsLength(area_estrecha() ? 6 : 14);
     LFont->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     auto* tamano_letra = editor("FORM_FSIZE", 4);
-    auto* alto = editor("FORM_PAPELAL", 6);
-    auto* impresora = editor("FORM_IMPRE", 30);
     ultimo_ = new CasillaDato("Permitir varias páginas", &CFormato, "FORM_PAGINAS");
-    f.fila({{"Formato:", Formulario::junto({llave, rotulo("Tipo de letra", LFont), LFont,
-                                            rotulo("Tamaño", tamano_letra), tamano_letra})},
-            {"Número de repeticiones items:", editor("FORM_NROITEMS", 6)}});
-    f.fila({{"Ancho:", Formulario::junto({editor("FORM_PAPELAN", 6), rotulo("Alto", alto), alto,
-                                          rotulo("Impresora", impresora), impresora})},
-            {"Espacio entre líneas:", Formulario::junto({editor("FORM_ENTRELINEA", 6), ultimo_})}});
+    // En dos renglones: en una ventana baja las dos rejillas quedan a la vista.
+    f.fila("Formato:",
+           en_flujo({llave, con_rotulo("Tipo de letra", LFont), con_rotulo("Tamaño", tamano_letra),
+                     con_rotulo("Impresora", editor("FORM_IMPRE", 30))},
+                    paso()));
+    f.fila("Ancho:",
+           en_flujo({editor("FORM_PAPELAN", 6), con_rotulo("Alto", editor("FORM_PAPELAL", 6)),
+                     con_rotulo("Número de repeticiones items", editor("FORM_NROITEMS", 4)),
+                     con_rotulo("Espacio entre líneas", editor("FORM_ENTRELINEA", 4)), ultimo_},
+                    paso()));
 }
 
 QWidget* Tfedtformato::construya_datos() {

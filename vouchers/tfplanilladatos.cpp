@@ -15,10 +15,6 @@
 
 using namespace columnas_planilla;
 
-namespace {
-constexpr int kDigitarPlanilla = 30;
-} // namespace
-
 Tfplanilladatos::Tfplanilladatos()
     : Pantalla("Tfplanilladatos", "Digitación rápida"),
       PMovimiento(this, "PMovimiento", &fdmcnt().TComprobantes,
@@ -127,7 +123,10 @@ void Tfplanilladatos::defina_hoja() {
         columna(c.texto(kFecha, 8).requerido(), 9);
     else
         columna(c.entero(kDia).requerido(), 5);
-    columna(c.texto(kNumero, 6).requerido(), 8);
+    // Si nada más lleva un nombre, lo que sobre es suyo.
+    constexpr int kNumeroSolo = 24;
+    const bool solo = !planilla_.pide_tercero && !planilla_.pide_centro && !planilla_.pide_concepto;
+    columna(c.texto(kNumero, 6).requerido(), solo ? kNumeroSolo : 8);
     if (planilla_.pide_tercero)
         columna(c.texto(kTercero, 20), 14);
     if (planilla_.pide_centro) {

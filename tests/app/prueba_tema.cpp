@@ -103,6 +103,18 @@ int diga_tema(bool espere, int& cuantos, char** argumentos) {
     if (contraste(p.color(QPalette::Disabled, QPalette::ButtonText),
                   pintada.pixelColor(4, pintada.height() / 2)) < kContraste)
         return 2;
+    // Y una caja apagada no se toma por una en la que se escribe.
+    QLineEdit libre, cerrada("Pérez");
+    cerrada.setEnabled(false);
+    const auto fondo = [](QLineEdit& caja) {
+        const QImage vista = caja.grab().toImage();
+        return vista.pixelColor(vista.width() - 6, vista.height() / 2);
+    };
+    // Sobre papel oscuro el mismo paso apenas se ve.
+    const double distintas = claridad(QPalette::Base) < 128 ? 1.4 : 1.08;
+    if (contraste(fondo(libre), fondo(cerrada)) < distintas ||
+        contraste(p.color(QPalette::Disabled, QPalette::Text), fondo(cerrada)) < kContraste)
+        return 2;
     if (qAbs(color_negativo().lightness() - claridad(QPalette::Base)) < 80)
         return 2;
     // Los dos colores de la empresa no llegan a nada de lo que se lee.

@@ -166,6 +166,13 @@ private slots:
     void sin_grupo_conserva_sus_meses_y_sin_cuentas_se_graba() {
         Almacenista s;
         s.abra("Tfnvoactivo");
+        agote_eventos(); // el grupo y el subgrupo toman el ancho de su columna
+        const auto borde = [&](const char* caja) {
+            auto& c = componente<QWidget>(s.p, caja);
+            return c.mapTo(s.p, QPoint(c.width(), 0)).x();
+        };
+        QCOMPARE(borde("LSubgrupo"), borde("EDesc"));
+        QVERIFY(borde("LGrupo") > borde("ECod"));
         s.escriba("ECod=X1; EDesc=Sin grupo; EMeses=36");
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select acfj_mesdep from activos_fijos"), "36");

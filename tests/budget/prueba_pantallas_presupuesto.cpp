@@ -210,6 +210,8 @@ private slots:
                               dato("PORCENTAJEM"), dato("APDEBITO"), dato("AMDEBITO"),
                               dato("DIFERENCIAA"), dato("PORCENTAJEA"), dato("AVISO")}),
                  QStringList({"100", "150", "50", "150", "200", "230", "30", "115", "Excede"}));
+        QVERIFY(!dato("NOMCUENTA").isEmpty());
+        QCOMPARE(componente<QLineEdit>(c, "NomCuenta").text(), dato("NOMCUENTA"));
         QVERIFY(c->CComparacion.Locate("CUENTA", {QString("413505")}));
         QCOMPARE(QStringList({dato("PRCREDITO"), dato("MVCREDITO"), dato("APCREDITO"),
                               dato("AMCREDITO"), dato("DIFERENCIAA"), dato("AVISO")}),

@@ -417,6 +417,24 @@ void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_ha
 void PruebaPantallasIntercambio::borrar_el_plan_dice_antes_lo_que_se_puede() {
     un_movimiento(); // en la 110505
     s_->base.ejecute({"insert into cuentas (cuen_cod, cuen_nom) values ('110590', 'Sin uso')"});
+    // La misma cuenta mide lo mismo en todas las cajas de copiar y cambiar; y una compañía, menos.
+    const auto ancho = [](const char* pantalla, const char* caja) {
+        Pantalla* otra = pantallas().abrir(pantalla);
+        const int suyo = componente<QLineEdit>(otra, caja).width();
+        otra->close();
+        return suyo;
+    };
+    const int cuenta = ancho("Tfborractas", "Edit1");
+    for (const auto& [pantalla, caja] : {std::pair{"Tfcambictamov", "Edit1"},
+                                         {"Tfcambictamov", "Edit2"},
+                                         {"Tfcambiacate", "Edit1"},
+                                         {"Tfcambitermov", "Edit3"},
+                                         {"Tfcreactamov", "CUEN_COD"},
+                                         {"Tfcopiacatalogo", "Desde"},
+                                         {"Tfcopiaterceros", "Hasta"}})
+        QCOMPARE(ancho(pantalla, caja), cuenta);
+    QCOMPARE(ancho("Tfcopiacatalogo", "Compania1"), ancho("Tfcopiaterceros", "Compania2"));
+    QVERIFY(ancho("Tfcopiacatalogo", "Compania1") < cuenta / 2);
     Pantalla* p = pantallas().abrir("Tfborractas");
     llene(p, "Edit1", "1105");
     llene(p, "Edit2", "110505");

@@ -377,6 +377,14 @@ private slots:
         componente<QCheckBox>(b, "ckfiltro").click();
         QVERIFY(local.filtro_visible());
         QVERIFY(!niif.filtro_visible());
+        // Los nombres se leen enteros abajo, cada página los suyos.
+        for (const auto& [conjunto, caja] :
+             {std::pair{&b->CBalance, "NomCuenta"}, {&b->CBalniif, "NomNiif"}}) {
+            QVERIFY(conjunto->Locate("CODIGO", {QString("110505")}));
+            QCOMPARE(componente<QLineEdit>(b, caja).text(),
+                     conjunto->FieldByName("NOMBRE").texto());
+            QVERIFY(!componente<QLineEdit>(b, caja).text().isEmpty());
+        }
         // En la fila de filtros el menos del teclado numérico se escribe y no baja el detalle.
         local.setFocus();
         b->CBalance.First();

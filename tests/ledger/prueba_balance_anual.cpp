@@ -58,6 +58,15 @@ private slots:
         QCOMPARE(s.ultima, consulta("2017", "'S', 'N'", 5));
         s.p->cksaldos->click();
         QCOMPARE(s.ultima, consulta("2017", "'S', 'S'", 5));
+        // Abajo, el nombre de la cuenta y, en la fila de un tercero, el suyo.
+        const auto dato = [&](const char* campo) {
+            return s.p->CBalance.FieldByName(campo).texto();
+        };
+        for (s.p->CBalance.First(); dato("NOMTERC").isEmpty(); s.p->CBalance.Next()) {
+            QVERIFY(!s.p->CBalance.Eof());
+            QCOMPARE(componente<QLineEdit>(s.p, "NomCuenta").text(), dato("NOMBRE"));
+        }
+        QVERIFY(componente<QLineEdit>(s.p, "NomCuenta").text().endsWith(dato("NOMTERC")));
         s.p->ckTerc->click();
         s.p->cksaldos->click();
         s.ultima.clear();

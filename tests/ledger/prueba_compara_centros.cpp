@@ -285,6 +285,24 @@ private slots:
         QCOMPARE(c.r->columnViewportPosition(2) + c.r->columnWidth(2), c.r->viewport()->width());
     }
 
+    void un_titulo_usa_los_dos_renglones_antes_de_cortarse() {
+        const CuboDeCentros c({"0001 Administración de toda la compañía", "0002 Ventas"}, "1.00");
+        QHeaderView* titulos = c.r->horizontalHeader();
+        c.r->resize(2000, 200);
+        c.r->show();
+        QCoreApplication::processEvents();
+        const int uno = titulos->height();
+        c.r->resize(520, 200);
+        QCoreApplication::processEvents();
+        const int renglon = titulos->fontMetrics().lineSpacing();
+        QCOMPARE(titulos->height(), uno + renglon);
+        // Y antes que el final del nombre va el título entero.
+        QVERIFY(c.r->columnWidth(1) >=
+                titulos->fontMetrics().horizontalAdvance("0001 Administración"));
+        QVERIFY(c.r->columnWidth(1) < titulos->fontMetrics().horizontalAdvance(
+                                          "0001 Administración de toda la compañía"));
+    }
+
     void una_plantilla_danada_no_deja_a_nadie_sin_la_pantalla() {
         Comparativo s;
         const QString vista = s.fila(0);

@@ -631,8 +631,8 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     oprima(Qt::Key_F6);
     QVERIFY(p->CConcilia.Locate("CUENTA", {"110505"}));
     const auto campo = [&](const char* c) { return p->CConcilia.FieldByName(c).texto(); };
-    QCOMPARE(campo("SALDO"), "1132");
-    QCOMPARE(campo("SALDONIIF"), "35");
+    QCOMPARE(componente<QLineEdit>(p, "NomCuenta").text().section(" · ", 0, 0), campo("NOMBRE"));
+    QCOMPARE(campo("SALDO") + ' ' + campo("SALDONIIF"), "1132 35");
     QCOMPARE(campo("DIFERENCIA"), "1097");
     QCOMPARE(campo("PORCENTAJE"), "96.91");
     QCOMPARE(p->DBGridEh1->titulo_impreso,

@@ -171,3 +171,158 @@ void Fuente::busque_funciones() {
         }
     }
 }
+
+// ---------------------------------------------------------------- espacios sin nombre
+
+namespace {
+
+/// Un trozo, o lo que va entre un par de signos que abren y cierran, como uno solo.
+struct Pieza {
+    const Trozo* trozo;
+    int desde, hasta; ///< de lo de adentro
+    bool es(const char* signo) const { return trozo->es(signo); }
+    bool nombre() const { return trozo->tipo == Trozo::Nombre; }
+};
+
+int cierre_de(const QVector<Trozo>& trozos, int abre) {
+    int abiertas = 0;
+    for (int i = abre; i < trozos.size(); ++i) {
+        const Trozo& t = trozos[i];
+        abiertas +=
+            int(t.es("(") || t.es("[") || t.es("{")) - int(t.es(")") || t.es("]") || t.es("}"));
+        if (abiertas == 0)
+            return i;
+    }
+    return int(trozos.size()) - 1;
+}
+
+/// Los tipos de los argumentos, sin sus nombres ni lo que valen por omisión.
+QString tipos(const QVector<Trozo>& trozos, int desde, int hasta) {
+    QStringList lista, uno;
+    int dentro = 0;
+    bool valor = false;
+    const auto cierre = [&] {
+        static const QRegularExpression suelto("^[a-z]\\w*$");
+        if (uno.size() > 1 && suelto.match(uno.last()).hasMatch())
+            uno.removeLast();
+        lista << uno.join(' ');
+        uno.clear();
+        valor = false;
+    };
+    for (int i = desde; i < hasta; ++i) {
+        const Trozo& t = trozos[i];
+        dentro += int(t.es("<") || t.es("(")) - int(t.es(">") || t.es(")"));
+        valor = valor || t.es("=");
+        if (t.es(",") && dentro == 0)
+            cierre();
+        else if (!valor)
+            uno << t.texto;
+    }
+    cierre();
+    return lista.join(',');
+}
+
+/// Los nombres de "Tipo uno = 1, otro{2};".
+QStringList variables(const QVector<Pieza>& piezas, int desde) {
+    QStringList lista;
+    int dentro = 0;
+    bool con_valor = false;
+    for (int i = desde; i < piezas.size(); ++i) {
+        const Pieza& p = piezas[i];
+        dentro += int(p.es("<")) - int(p.es(">"));
+        if (dentro > 0)
+            continue;
+        if (p.es(","))
+            con_valor = false;
+        if (con_valor || !p.nombre() || i == 0 || piezas[i - 1].es("::"))
+            continue;
+        const bool ultima = i + 1 == piezas.size();
+        if (ultima || piezas[i + 1].es("=") || piezas[i + 1].es(",") || piezas[i + 1].es("{") ||
+            piezas[i + 1].es("[") || piezas[i + 1].es("(")) {
+            lista << p.trozo->texto;
+            con_valor = true;
+        }
+    }
+    return lista;
+}
+
+/// Lo que va entre paréntesis son argumentos de una función y no el valor de una constante.
+bool anuncia(const QVector<Trozo>& trozos, const Pieza& argumentos) {
+    for (int i = argumentos.desde; i + 1 < argumentos.hasta; ++i)
+        if (trozos[i].tipo == Trozo::Nombre &&
+            (trozos[i + 1].tipo == Trozo::Nombre || trozos[i + 1].es("&") || trozos[i + 1].es("*")))
+            return true;
+    return argumentos.desde == argumentos.hasta;
+}
+
+QStringList declarados(const QVector<Trozo>& trozos, QVector<Pieza> piezas) {
+    if (!piezas.isEmpty() && piezas[0].es("template")) {
+        int dentro = 0, i = 1;
+        do
+            dentro += int(piezas[i].es("<")) - int(piezas[i].es(">"));
+        while (++i < piezas.size() && dentro > 0);
+        piezas.remove(0, i);
+    }
+    if (piezas.isEmpty() || piezas[0].es("using"))
+        return {};
+    const auto lugar = [&](const char* signo) {
+        for (int i = 0; i < piezas.size(); ++i)
+            if (piezas[i].es(signo))
+                return i;
+        return -1;
+    };
+    const int iguala = lugar("="), parentesis = lugar("("), llave = lugar("{");
+    for (int i = 0; i < piezas.size() && !piezas[i].es("=") && !piezas[i].es("("); ++i) {
+        if (!piezas[i].es("class") && !piezas[i].es("struct") && !piezas[i].es("enum"))
+            continue;
+        if (llave < i)
+            return {}; // solo la anuncia
+        int suyo = i + 1;
+        while (piezas[suyo].es("class") || piezas[suyo].es("struct"))
+            ++suyo;
+        return (piezas[suyo].nombre() ? QStringList(piezas[suyo].trozo->texto) : QStringList()) +
+               variables(piezas, llave + 1);
+    }
+    const bool funcion =
+        parentesis > 0 && iguala < 0 && piezas[parentesis - 1].nombre() &&
+        (piezas.last().es("{") || (piezas.last().es("(") && anuncia(trozos, piezas[parentesis])));
+    if (!funcion)
+        return variables(piezas, 0);
+    if (parentesis < 2 || piezas[parentesis - 2].es("::"))
+        return {};
+    const Pieza& argumentos = piezas[parentesis];
+    return {piezas[parentesis - 1].trozo->texto + '(' +
+            tipos(trozos, argumentos.desde, argumentos.hasta) + ')'};
+}
+
+} // namespace
+
+QStringList sin_espacio_con_nombre(const Fuente& fuente) {
+    const QVector<Trozo>& t = fuente.trozos;
+    QStringList lista;
+    for (int i = 0; i + 1 < t.size(); ++i) {
+        if (!t[i].es("namespace") || !t[i + 1].es("{"))
+            continue;
+        const int fin = cierre_de(t, i + 1);
+        QVector<Pieza> piezas;
+        for (i += 2; i < fin; ++i) {
+            if (t[i].es(";")) {
+                lista << declarados(t, std::exchange(piezas, {}));
+                continue;
+            }
+            const bool abre = t[i].es("(") || t[i].es("[") || t[i].es("{");
+            const int cierra = abre ? cierre_de(t, i) : i;
+            piezas.append({&t[i], i + 1, cierra});
+            i = cierra;
+            // El cuerpo de una función la acaba; el de una clase o un valor, no.
+            const auto hay = [&](const char* signo) {
+                return std::any_of(piezas.begin(), piezas.end(),
+                                   [signo](const Pieza& p) { return p.es(signo); });
+            };
+            if (piezas.last().es("{") && hay("(") && !hay("="))
+                lista << declarados(t, std::exchange(piezas, {}));
+        }
+    }
+    lista.removeDuplicates();
+    return lista;
+}

@@ -20,6 +20,11 @@ struct Funcion {
     int renglones() const { return ultima - primera + 1; }
 };
 
+/// Lo que declaran los espacios sin nombre de la fuente: constantes y clases por su nombre, y
+/// funciones con los tipos de sus argumentos.
+class Fuente;
+QStringList sin_espacio_con_nombre(const Fuente& fuente);
+
 class Fuente {
 public:
     explicit Fuente(const QString& texto);

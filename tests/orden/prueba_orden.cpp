@@ -151,6 +151,7 @@ private slots:
     void no_quedan_restos();
     void los_renglones_caben_en_cien_columnas();
     void el_producto_habla_solo_de_si_mismo();
+    void ningun_nombre_sin_espacio_se_repite_en_un_piso();
     void cada_archivo_tiene_quien_lo_use();
     void cada_falla_nombra_una_prueba_que_existe();
 };
@@ -467,6 +468,36 @@ void PruebaOrden::el_producto_habla_solo_de_si_mismo() {
     SIN_FALTAS(faltas(siempre, [&](const Archivo&, const QString& r) {
         return ajeno.match(QString(r).remove(oficial)).hasMatch();
     }));
+}
+
+void PruebaOrden::ningun_nombre_sin_espacio_se_repite_en_un_piso() {
+    // Sus fuentes se compilan juntas de a ocho: agregar una las reparte de otro modo.
+    const auto nombres = [](const char* texto) {
+        return sin_espacio_con_nombre(Fuente(QString(texto))).join(' ');
+    };
+    QCOMPARE(nombres("namespace {\nconstexpr int kUno = 1, kDos{2};\nconst QColor kTres(1, 2);\n"
+                     "const QMap<int, QString> kCuatro;\nstruct Cinco {\n int x;\n} seis[] = {};\n"
+                     "class Anunciada;\n}\nint fuera = 0;"),
+             "kUno kDos kTres kCuatro Cinco seis");
+    QCOMPARE(nombres("namespace {\ntemplate <class T> void f(const T& t, int n = 0) { g(t); }\n"
+                     "QString h();\nint Clase::metodo() { return 1; }\n}"),
+             "f(const T &,int) h()");
+    QMap<QString, QMap<QString, QString>> vistos; // piso -> nombre -> fuente
+    QStringList repetidos;
+    int cuantos = 0;
+    for (const Archivo& a : archivos()) {
+        if (!producto(a) || a.piso() == "bench" || !a.ruta.endsWith(".cpp"))
+            continue;
+        for (const QString& n : sin_espacio_con_nombre(Fuente(a.renglones.join('\n')))) {
+            QString& antes = vistos[a.piso()][n];
+            if (!antes.isEmpty())
+                repetidos << n + ": " + antes + ", " + a.ruta;
+            antes = a.ruta;
+            ++cuantos;
+        }
+    }
+    SIN_FALTAS(repetidos);
+    QVERIFY(cuantos > 500);
 }
 
 void PruebaOrden::cada_archivo_tiene_quien_lo_use() {

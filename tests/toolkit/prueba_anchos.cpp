@@ -11,6 +11,8 @@
 #include <cmath>
 #include <numeric>
 
+#include <QScrollBar>
+
 namespace {
 
 int suma(const QVector<int>& anchos) {
@@ -185,6 +187,58 @@ private slots:
         p.rejilla->setColumnWidth(p.Categoria, h.viewport()->width() - asoma -
                                                    h.sectionViewportPosition(p.Categoria));
         QVERIFY(m.horizontalAdvance(h.titulo_a_la_vista(p.Debito)) < asoma);
+        QVERIFY(!h.asoma_sin_titulo(p.Debito));
+        // Si ni abreviado cabe, no se pinta: ni su título ni lo que dice.
+        p.rejilla->setColumnWidth(p.Categoria, h.viewport()->width() - paso(2) -
+                                                   h.sectionViewportPosition(p.Categoria));
+        QVERIFY(h.asoma_sin_titulo(p.Debito) && h.titulo_a_la_vista(p.Debito).isEmpty());
+        QVERIFY(!h.asoma_sin_titulo(p.Cuenta));
+        const QRect celda = p.rejilla->visualRect(p.rejilla->model()->index(1, p.Debito)) &
+                            p.rejilla->viewport()->rect();
+        const QImage vista = p.rejilla->viewport()->grab(celda.adjusted(2, 2, -2, -2)).toImage();
+        QVERIFY(!vista.isNull());
+        for (int x = 0; x < vista.width(); ++x)
+            for (int y = 0; y < vista.height(); ++y)
+                QCOMPARE(vista.pixelColor(x, y), vista.pixelColor(0, 0));
+    }
+
+    void lo_menos_que_mide_cuenta_sus_dos_renglones_y_su_barra() {
+        RejillaDePrueba p;
+        const auto& h = static_cast<EncabezadoRejilla&>(*p.rejilla->horizontalHeader());
+        p.ventana.resize(1200, 300);
+        QCoreApplication::processEvents();
+        const int sencilla = p.rejilla->minimumSizeHint().height();
+        p.rejilla->columna(p.Debito).Titulo = "Débitos de todo el período anterior";
+        p.ventana.resize(330, 300);
+        QCoreApplication::processEvents();
+        QVERIFY(h.titulo_partido(p.Debito).contains('\n'));
+        QVERIFY(p.rejilla->horizontalScrollBar()->maximum() > 0);
+        const int barra =
+            p.rejilla->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, p.rejilla);
+        QCOMPARE(p.rejilla->minimumSizeHint().height(),
+                 sencilla + barra + h.fontMetrics().lineSpacing());
+        // Con lo menos que mide caben cuatro filas de verdad.
+        p.ventana.resize(330, p.ventana.minimumSizeHint().height());
+        QCoreApplication::processEvents();
+        QVERIFY(p.rejilla->viewport()->height() >=
+                4 * p.rejilla->verticalHeader()->defaultSectionSize());
+    }
+
+    void los_nombres_que_no_ceden_desplazan_la_rejilla() {
+        // Lo que llega después de abrir también cuenta.
+        RejillaDePrueba p(1);
+        p.rejilla->setProperty(AnchosRejilla::kLetrasDeNombre, 20);
+        p.ventana.resize(420, 300);
+        QCoreApplication::processEvents();
+        p.detalle->Append();
+        p.detalle->FieldByName("CUEN_COD").asigne("110599");
+        p.detalle->FieldByName("CODE_CONCEPTO").asigne("Administración y ventas de hoy");
+        p.detalle->FieldByName("CODE_DEBITO").asigne(Moneda::de_texto("9999999999999.99"));
+        p.detalle->Post();
+        QCoreApplication::processEvents();
+        QVERIFY(p.rejilla->columnWidth(p.Concepto) >=
+                ancho_caracteres(p.rejilla->fontMetrics(), 20));
+        QVERIFY(p.rejilla->horizontalScrollBar()->maximum() > 0);
     }
 
     void sin_textos_las_cifras_se_separan_con_medida_y_lo_escogido_no_se_toca() {

@@ -7,9 +7,11 @@
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/controles/fechadato.h"
 #include "toolkit/controles/imagendato.h"
+#include "toolkit/controles/lista_sugerencias.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/controles/navegadordatos.h"
+#include "toolkit/controles/nombre_de_fila.h"
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
 
@@ -595,6 +597,44 @@ private slots:
         QTest::keyClick(caja.EAno, Qt::Key_Return);
         QCOMPARE(anos.size(), 2);
         QCOMPARE(anos[1][0].toInt(), 2021);
+    }
+
+    void el_nombre_de_la_fila_se_lee_entero_sin_quitarle_el_foco_a_nadie() {
+        Mesa m;
+        const std::unique_ptr<QWidget> renglon(
+            NombreDeFila::renglon("Cuenta", m.cuentas, {"CUEN_NOTAS", "CUEN_TIPO"}, "NomCuenta"));
+        auto* caja = renglon->findChild<NombreDeFila*>("NomCuenta");
+        QCOMPARE(renglon->findChild<QLabel*>()->text(), "Cuenta:");
+        QCOMPARE(caja->accessibleName(), "Cuenta");
+        QVERIFY(caja->isReadOnly() && caja->focusPolicy() == Qt::NoFocus);
+        m.cuentas.First();
+        QCOMPARE(caja->text(), "Caja · N");
+        m.cuentas.Next();
+        QCOMPARE(caja->text(), "Bancos · I");
+        m.cuentas.Edit();
+        m.cuentas.FieldByName("CUEN_TIPO") = "";
+        QCOMPARE(caja->text(), "Bancos");
+        m.cuentas.Cancel();
+        m.cuentas.Delete();
+        QCOMPARE(caja->text(), "Caja · N");
+        m.cuentas.Delete();
+        QCOMPARE(caja->text(), "");
+    }
+
+    void las_sugerencias_se_leen_hasta_el_final() {
+        QWidget ventana;
+        QLineEdit caja(&ventana);
+        ventana.resize(1200, 400);
+        ventana.show();
+        ListaSugerencias lista(&caja);
+        const QString nombre = "nos deben 12,500,000.00 · FACTURA · 13050505 · vence 2017/03/12";
+        QVector<Sugerencia> ofrecidas(20, {"F 1", "corto"}); // con barra al lado
+        ofrecidas.append({"F 1", nombre});
+        lista.ofrezca(ofrecidas);
+        const int barra = lista.verticalScrollBar()->width();
+        QVERIFY(lista.viewport()->width() - lista.columnWidth(0) >=
+                lista.fontMetrics().horizontalAdvance(nombre));
+        QVERIFY(barra > 0);
     }
 };
 

@@ -201,8 +201,8 @@ private slots:
             prepare(motor, c);
             const QString texto = escrito(motor, FormatoArchivo(formato));
             if (formato == int(FormatoArchivo::Rtf)) {
-                QVERIFY(texto.contains("Pe\\u241?a \\\\ G\\u252?iza 99"));
-                QVERIFY(texto.contains("Nari\\u241?o \\{a\\}"));
+                QVERIFY(texto.contains("Pe\\'f1a \\\\ G\\'fciza 99"));
+                QVERIFY(texto.contains("Nari\\'f1o \\{a\\}"));
                 QCOMPARE(texto.count("\\page\n"), 2);
             } else if (formato == int(FormatoArchivo::Html)) {
                 QVERIFY(texto.contains("Zona Norte &lt;1&gt;"));

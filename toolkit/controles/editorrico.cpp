@@ -18,7 +18,7 @@
 namespace {
 
 constexpr Qt::Alignment kLados[]{Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight, Qt::AlignJustify};
-constexpr int kCuerpo = 10;
+constexpr int kCuerpoNota = 10;
 
 /// La base guarda ISO 8859-1: lo demás va como entidad.
 QString con_entidades(const QString& html) {
@@ -232,7 +232,7 @@ QString EditorRico::html() const {
 }
 
 void EditorRico::html(const QString& html) {
-    const QFont base(QStringLiteral("Arial"), kCuerpo);
+    const QFont base(QStringLiteral("Arial"), kCuerpoNota);
     texto->document()->setDefaultFont(base);
     if (Qt::mightBeRichText(html))
         texto->setHtml(html);

@@ -9,7 +9,7 @@
 #include <QLineEdit>
 
 namespace {
-const QString kFormatoTexto = QStringLiteral("yyyyMMdd");
+const QString kAaaammdd = QStringLiteral("yyyyMMdd");
 const QDate kPrimera(1800, 1, 1); // también la fecha interna de la caja vacía
 } // namespace
 
@@ -51,11 +51,11 @@ void FechaDato::fecha(QDate fecha) {
 QString FechaDato::fecha_texto() const {
     if (!texto_ajeno_.isEmpty())
         return texto_ajeno_;
-    return vacia_ ? QString() : date().toString(kFormatoTexto);
+    return vacia_ ? QString() : date().toString(kAaaammdd);
 }
 
 void FechaDato::fecha_texto(const QString& aaaammdd) {
-    const QDate d = QDate::fromString(aaaammdd, kFormatoTexto);
+    const QDate d = QDate::fromString(aaaammdd, kAaaammdd);
     ponga(d, d.isValid() ? QString() : aaaammdd.trimmed());
 }
 

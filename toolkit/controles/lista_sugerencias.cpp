@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScrollBar>
 
 namespace {
 constexpr int kSugerenciasVisibles = 8, kAnchoNombre = 44;
@@ -49,7 +50,10 @@ void ListaSugerencias::ubique() {
         setParent(ventana);
     const int filas = qMin(int(ofrecidas_.size()), kSugerenciasVisibles);
     const int alto = filas * qMax(sizeHintForRow(0), fontMetrics().height()) + 2 * frameWidth() + 2;
-    const int ancho = columnWidth(0) + ancho_caracteres(fontMetrics(), kAnchoNombre);
+    // Lo que distingue a dos del mismo código puede ir al final: se ve entero, si cabe.
+    const int barra = ofrecidas_.size() > filas ? verticalScrollBar()->sizeHint().width() : 0;
+    const int ancho = columnWidth(0) + barra + 2 * frameWidth() +
+                      qMax(ancho_caracteres(fontMetrics(), kAnchoNombre), sizeHintForColumn(1));
     const QPoint origen = caja_->mapTo(ventana, QPoint(0, 0));
     const bool cabe = origen.y() + caja_->height() + alto <= ventana->height();
     const int x = qBound(0, origen.x(), qMax(0, ventana->width() - ancho));

@@ -8,18 +8,6 @@
 
 namespace exportacion {
 
-namespace {
-
-// Medidas en twips (1/1440 de pulgada) de la hoja carta.
-constexpr int kLadoCorto = 12240;
-constexpr int kLadoLargo = 15840;
-constexpr int kMargen = 720;
-constexpr int kSeparacion = 60;        // A cada lado de la celda.
-constexpr double kAnchoCaracter = 0.6; // De la letra Arial, en partes de su cuerpo.
-constexpr int kCuerpoMayor = 18;       // Medios puntos.
-constexpr int kCuerpoMenor = 10;
-constexpr int kTextoMasAncho = 50; // Un texto más largo ocupa varios renglones.
-
 QByteArray escape_rtf(const QString& texto) {
     QByteArray rtf;
     rtf.reserve(texto.size());
@@ -43,9 +31,21 @@ QByteArray escape_rtf(const QString& texto) {
     return rtf;
 }
 
+namespace {
+
+// Medidas en twips (1/1440 de pulgada) de la hoja carta.
+constexpr int kLadoCorto = 12240;
+constexpr int kLadoLargo = 15840;
+constexpr int kMargen = 720;
+constexpr int kAireCelda = 60;         // A cada lado de la celda.
+constexpr double kAnchoCaracter = 0.6; // De la letra Arial, en partes de su cuerpo.
+constexpr int kLetraMayor = 18;        // Medios puntos.
+constexpr int kLetraMenor = 10;
+constexpr int kTextoMasAncho = 50; // Un texto más largo ocupa varios renglones.
+
 struct Hoja {
     bool horizontal = false;
-    int cuerpo = kCuerpoMayor;
+    int cuerpo = kLetraMayor;
     std::vector<int> bordes; // Borde derecho de cada celda.
 };
 
@@ -60,19 +60,19 @@ Hoja disponga(const MedidaTabla& medida, const std::vector<ColumnaExportable>& c
             columnas[i].tipo == TipoExportable::Texto ? std::min(ancho, kTextoMasAncho) : ancho);
         suma += caracteres.back();
     }
-    const int separaciones = static_cast<int>(columnas.size()) * 2 * kSeparacion;
+    const int separaciones = static_cast<int>(columnas.size()) * 2 * kAireCelda;
     const auto ocupa = [&](int cuerpo) {
         return separaciones + static_cast<int>(std::ceil(suma * cuerpo * 10 * kAnchoCaracter));
     };
     Hoja hoja;
-    hoja.horizontal = ocupa(kCuerpoMayor) > kLadoCorto - 2 * kMargen;
+    hoja.horizontal = ocupa(kLetraMayor) > kLadoCorto - 2 * kMargen;
     const int disponible = (hoja.horizontal ? kLadoLargo : kLadoCorto) - 2 * kMargen;
-    while (hoja.cuerpo > kCuerpoMenor && ocupa(hoja.cuerpo) > disponible)
+    while (hoja.cuerpo > kLetraMenor && ocupa(hoja.cuerpo) > disponible)
         --hoja.cuerpo;
     const double escala = std::min(1.0, double(disponible) / ocupa(hoja.cuerpo));
     double borde = 0;
     for (int ancho : caracteres) {
-        borde += escala * (2 * kSeparacion + ancho * hoja.cuerpo * 10 * kAnchoCaracter);
+        borde += escala * (2 * kAireCelda + ancho * hoja.cuerpo * 10 * kAnchoCaracter);
         hoja.bordes.push_back(static_cast<int>(borde));
     }
     return hoja;
@@ -80,7 +80,7 @@ Hoja disponga(const MedidaTabla& medida, const std::vector<ColumnaExportable>& c
 
 QByteArray defina_fila(const Hoja& hoja, const char* propiedades, const char* borde) {
     QByteArray definicion = QByteArray("\\trowd") + propiedades + "\\trgaph" +
-                            QByteArray::number(kSeparacion) + "\\trleft0\\trkeep";
+                            QByteArray::number(kAireCelda) + "\\trleft0\\trkeep";
     for (int x : hoja.bordes)
         definicion += borde + QByteArray("\\cellx") + QByteArray::number(x);
     return definicion + '\n';

@@ -28,7 +28,7 @@ constexpr quint16 kFormatoMilesCentavos = 4; // #,##0.00
 constexpr quint16 kFormatoTexto = 49;        // @
 
 constexpr int kAnchoMinimo = 8;
-constexpr int kAnchoMaximo = 60;
+constexpr int kAnchoMayor = 60;
 constexpr int kSangriaMaxima = 15;
 
 /// Lo que una celda guarda: nada, un número o un texto.
@@ -325,7 +325,7 @@ void LibroXls::hoja() {
     flujo_.escriba(RegistroBiff(CodigoBiff::AnchoPorOmision).u16(10).bytes());
     for (std::size_t i = 0; i < columnas_.size(); ++i) {
         const int caracteres = columnas_[i].ancho > 0 ? columnas_[i].ancho : recuento_.anchos[i];
-        const int ancho = std::clamp(caracteres + 2, kAnchoMinimo, kAnchoMaximo);
+        const int ancho = std::clamp(caracteres + 2, kAnchoMinimo, kAnchoMayor);
         flujo_.escriba(RegistroBiff(CodigoBiff::AnchoColumna)
                            .u16(static_cast<quint16>(i))
                            .u16(static_cast<quint16>(i))

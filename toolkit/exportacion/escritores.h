@@ -19,6 +19,9 @@ void escriba_htm(TablaExportable& tabla, ArchivoSalida& salida);
 /// Tabla RTF en hoja carta, vertical u horizontal según el ancho, con títulos repetidos.
 void escriba_rtf(TablaExportable& tabla, ArchivoSalida& salida);
 
+/// El texto como va en un RTF: sus signos y lo que no es ASCII, escapados.
+QByteArray escape_rtf(const QString& texto);
+
 /// Libro binario BIFF8: títulos fijos, importes y fechas como números, códigos como texto, y otra
 /// hoja cada 65.536 filas. Un número de más de 15 cifras va como texto para no perder ninguna.
 void escriba_xls(TablaExportable& tabla, ArchivoSalida& salida);

@@ -14,14 +14,14 @@ struct Formato {
 };
 
 // En el orden de FormatoExportacion.
-constexpr std::array<Formato, 5> kFormatos = {{{"txt", exportacion::escriba_txt},
-                                               {"csv", exportacion::escriba_csv},
-                                               {"htm", exportacion::escriba_htm},
-                                               {"rtf", exportacion::escriba_rtf},
-                                               {"xls", exportacion::escriba_xls}}};
+constexpr std::array<Formato, 5> kEscritores = {{{"txt", exportacion::escriba_txt},
+                                                 {"csv", exportacion::escriba_csv},
+                                                 {"htm", exportacion::escriba_htm},
+                                                 {"rtf", exportacion::escriba_rtf},
+                                                 {"xls", exportacion::escriba_xls}}};
 
 const Formato& datos_de(FormatoExportacion formato) {
-    return kFormatos.at(static_cast<std::size_t>(formato));
+    return kEscritores.at(static_cast<std::size_t>(formato));
 }
 
 } // namespace
@@ -38,8 +38,8 @@ QString extension_de(FormatoExportacion formato) {
 }
 
 FormatoExportacion formato_del_filtro(const QString& filtro) {
-    for (std::size_t i = 0; i < kFormatos.size(); ++i)
-        if (filtro.contains(QStringLiteral("*.%1)").arg(QLatin1String(kFormatos[i].extension)),
+    for (std::size_t i = 0; i < kEscritores.size(); ++i)
+        if (filtro.contains(QStringLiteral("*.%1)").arg(QLatin1String(kEscritores[i].extension)),
                             Qt::CaseInsensitive))
             return static_cast<FormatoExportacion>(i);
     return FormatoExportacion::Txt;

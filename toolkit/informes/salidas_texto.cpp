@@ -1,5 +1,6 @@
 // Salidas de renglones: texto, HTML y RTF.
 #include "toolkit/exportacion/archivo_salida.h"
+#include "toolkit/exportacion/escritores.h"
 #include "toolkit/informes/salidas.h"
 
 #include <QtMath>
@@ -157,21 +158,6 @@ int twips(double mm) {
     return int(std::lround(mm * 1440 / 25.4));
 }
 
-QString escape_rtf(const QString& texto) {
-    QString r;
-    for (QChar c : texto) {
-        if (c == QLatin1Char('\\') || c == QLatin1Char('{') || c == QLatin1Char('}'))
-            r += QLatin1Char('\\') + QString(c);
-        else if (c == QLatin1Char('\n'))
-            r += QStringLiteral("\\line ");
-        else if (c.unicode() < 128)
-            r += c;
-        else
-            r += QStringLiteral("\\u%1?").arg(qint16(c.unicode()));
-    }
-    return r;
-}
-
 } // namespace
 
 void escriba_rtf(const Hojas& hojas, ArchivoSalida& salida, Rango rango) {
@@ -217,7 +203,7 @@ void escriba_rtf(const Hojas& hojas, ArchivoSalida& salida, Rango rango) {
                                            2)) // hacia abajo: más grande, corre al que le sigue
                                .arg(e.negrita ? QStringLiteral("\\b") : QString(),
                                     e.cursiva ? QStringLiteral("\\i") : QString()) +
-                           escape_rtf(t.texto) + QLatin1Char('}');
+                           QString::fromLatin1(exportacion::escape_rtf(t.texto)) + QLatin1Char('}');
             }
             salida.escriba(parrafo + QStringLiteral("\\par\n"));
         }

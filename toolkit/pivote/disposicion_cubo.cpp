@@ -12,9 +12,9 @@ namespace {
 constexpr qint64 kMaximo = 1024 * 1024; ///< octetos; más es otra cosa con ese nombre
 constexpr std::array kMuestras = {"valor", "% fila", "% columna", "% total"};
 
-class Lector {
+class LectorDisposicion {
 public:
-    Lector(const QString& archivo, const QStringList& campos)
+    LectorDisposicion(const QString& archivo, const QStringList& campos)
         : archivo_(archivo), campos_(campos) {}
 
     DisposicionCubo lea(const QString& texto) {
@@ -111,7 +111,7 @@ QString texto_de(MuestraCubo muestra) {
 
 DisposicionCubo lea_disposicion(const QString& texto, const QString& archivo,
                                 const QStringList& campos) {
-    return Lector(archivo, campos).lea(texto);
+    return LectorDisposicion(archivo, campos).lea(texto);
 }
 
 DisposicionCubo lea_archivo_disposicion(const QString& ruta, const QStringList& campos) {

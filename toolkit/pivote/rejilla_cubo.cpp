@@ -8,6 +8,7 @@
 #include "toolkit/pivote/tabla_cubo.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/titulo_columna.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -26,6 +27,8 @@ int otro_nivel(int nivel, qsizetype campos, int paso) {
     return nuevo == ahora ? nivel : nuevo == campos ? 0 : nuevo;
 }
 
+constexpr int kColumnasMedidas = 60;
+
 /// Lo que de una columna no tapan el borde ni la que no se desplaza.
 QRect a_la_vista(QRect lugar, const RejillaCubo& rejilla, int columna) {
     lugar &= QRect(0, lugar.y(), rejilla.viewport()->width(), lugar.height());
@@ -33,7 +36,8 @@ QRect a_la_vista(QRect lugar, const RejillaCubo& rejilla, int columna) {
     return lugar;
 }
 
-/// Un título que no cabe se lee por su comienzo, renglón por renglón, en lo que se ve de él.
+/// Un título que no cabe usa los dos renglones, y se lee por su comienzo, renglón por renglón, en
+/// lo que se ve de él.
 class EncabezadoCubo : public QHeaderView {
 public:
     explicit EncabezadoCubo(RejillaCubo* rejilla)
@@ -41,16 +45,34 @@ public:
         setSectionsClickable(true);
     }
 
+    /// Los anchos acaban de repartirse: si un título de un renglón no cabe, todos tienen dos.
+    void acomode() {
+        int renglones = 1;
+        bool corto = false;
+        for (int c = 0; c < qMin(count(), kColumnasMedidas); ++c) {
+            const QString t = titulo(c);
+            renglones = qMax(renglones, int(t.count(QLatin1Char('\n'))) + 1);
+            corto = corto || fontMetrics().size(0, t).width() > sectionSize(c) - margenes();
+        }
+        const bool otro = corto && renglones == 1;
+        if (std::exchange(otro_renglon_, otro) != otro)
+            emit geometriesChanged();
+    }
+    QSize sizeHint() const override {
+        return QHeaderView::sizeHint() + QSize(0, otro_renglon_ ? fontMetrics().lineSpacing() : 0);
+    }
+
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const override {
         QHeaderView::initStyleOptionForIndex(opcion, columna);
-        const int margen = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
         const QRect lugar(sectionViewportPosition(columna), 0, sectionSize(columna), height());
-        QStringList renglones =
-            model()->headerData(columna, Qt::Horizontal).toString().split(QLatin1Char('\n'));
+        const int sitio = a_la_vista(lugar, rejilla_, columna).width() - margenes();
+        QStringList renglones = titulo(columna).split(QLatin1Char('\n'));
+        const bool cabe_otro = height() >= 2 * fontMetrics().lineSpacing();
+        if (renglones.size() == 1 && cabe_otro)
+            renglones = en_dos(renglones.first(), opcion->fontMetrics, sitio);
         for (QString& r : renglones)
-            r = opcion->fontMetrics.elidedText(
-                r, Qt::ElideRight, a_la_vista(lugar, rejilla_, columna).width() - 2 * margen);
+            r = opcion->fontMetrics.elidedText(r, Qt::ElideRight, sitio);
         opcion->text = renglones.join(QLatin1Char('\n'));
     }
     void paintSection(QPainter* pintor, const QRect& lugar, int columna) const override {
@@ -59,7 +81,26 @@ protected:
     }
 
 private:
+    QString titulo(int columna) const {
+        return model()->headerData(columna, Qt::Horizontal).toString();
+    }
+    int margenes() const {
+        return 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+    }
+    /// En el primero, las palabras que quepan; lo demás, en el otro.
+    static QStringList en_dos(const QString& titulo, const QFontMetrics& medidas, int sitio) {
+        qsizetype parte = -1;
+        if (medidas.horizontalAdvance(titulo) > sitio)
+            for (qsizetype i = titulo.indexOf(' ');
+                 i > 0 && medidas.horizontalAdvance(titulo.left(i)) <= sitio;
+                 i = titulo.indexOf(' ', i + 1))
+                parte = i;
+        return parte < 0 ? QStringList{titulo}
+                         : QStringList{titulo.left(parte), titulo.mid(parte + 1)};
+    }
+
     const RejillaCubo& rejilla_;
+    bool otro_renglon_ = false;
 };
 
 /// La celda que asoma a medias va en lo que se ve de ella: su nombre por el comienzo, su cifra
@@ -153,7 +194,7 @@ void RejillaCubo::disponga(const Cubo& cubo, const DisposicionCubo& disposicion)
 }
 
 void RejillaCubo::ajuste_anchos() {
-    constexpr int kFilasMedidas = 200, kColumnasMedidas = 60;
+    constexpr int kFilasMedidas = 200;
     const QFontMetrics letra(QFont(font().family(), font().pointSize(), QFont::Bold));
     const auto mida = [&](const QModelIndex& celda) {
         const bool de_total = celda.data(Qt::FontRole).isValid();
@@ -161,12 +202,14 @@ void RejillaCubo::ajuste_anchos() {
     };
     pedidos_.clear();
     minimos_.clear();
+    titulos_.clear();
     puestos_.clear();
     for (int c = 0; c < qMin(modelo_.columnCount(), kColumnasMedidas); ++c) {
         int ancho = 0;
-        for (const QString& renglon :
-             modelo_.headerData(c, Qt::Horizontal, Qt::DisplayRole).toString().split('\n'))
-            ancho = qMax(ancho, horizontalHeader()->fontMetrics().horizontalAdvance(renglon));
+        const QString titulo = modelo_.headerData(c, Qt::Horizontal, Qt::DisplayRole).toString();
+        const QFontMetrics medidas = horizontalHeader()->fontMetrics();
+        for (const QString& renglon : titulo.split('\n'))
+            ancho = qMax(ancho, medidas.horizontalAdvance(renglon));
         int celdas = 0;
         for (int f = 0; f < qMin(modelo_.rowCount(), kFilasMedidas); ++f)
             celdas = qMax(celdas, mida(modelo_.index(f, c)));
@@ -174,6 +217,8 @@ void RejillaCubo::ajuste_anchos() {
         // Un título se corta; una cifra, no.
         minimos_ << qMin(pedidos_.last(),
                          c == 0 ? paso(24) : celdas + 2 * DelegadoConConsejo::margen(*this) + 2);
+        titulos_ << paso(2) +
+                        (titulo.contains('\n') ? ancho : ancho_en_dos_renglones(titulo, medidas));
         puestos_ << columnWidth(c);
     }
     reparta();
@@ -209,6 +254,8 @@ void RejillaCubo::reparta() {
     };
     if (!caben) {
         de_hasta(comoda);
+        // Un título entero, en sus dos renglones, antes que el final de un nombre.
+        de_hasta([&](int c) { return c == 0 ? anchos[0] : qMin(topes[c], titulos_[c]); });
         de_hasta([&](int c) { return topes[c]; });
     }
     // Y el nombre cede por lo que le falte a la cifra que asoma.
@@ -219,6 +266,7 @@ void RejillaCubo::reparta() {
     for (int c = 0; c < anchos.size(); ++c)
         if (columnWidth(c) == puestos_[c]) // las que el usuario cambió son suyas
             setColumnWidth(c, puestos_[c] = anchos[c]);
+    static_cast<EncabezadoCubo*>(horizontalHeader())->acomode();
 }
 
 void RejillaCubo::resizeEvent(QResizeEvent* evento) {

@@ -53,6 +53,7 @@ private:
     class ColumnaFija* fija_ = nullptr;
     QVector<int> pedidos_; ///< ancho que cada columna pide
     QVector<int> minimos_; ///< con menos se cortaría una cifra
+    QVector<int> titulos_; ///< con el que su título se lee en dos renglones
     QVector<int> puestos_; ///< y el que se le dio
     const Cubo* cubo_ = nullptr;
 };

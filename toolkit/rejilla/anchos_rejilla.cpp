@@ -339,7 +339,9 @@ void AnchosRejilla::mida_texto(int columna, PedidoAncho& p) const {
     int nivel = 0;
     for (int f = 0; rejilla_.sangrada(columna) && f < qMin(filas, kFilasMedidas); ++f)
         nivel = qMax(nivel, rejilla_.aspecto_de(f).nivel);
-    const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho) + 2 * nivel);
+    int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho) + 2 * nivel);
+    if (const int letras = rejilla_.property(kLetrasDeNombre).toInt(); letras > 0)
+        poco = qMax(poco, qMin(lleno, ancho_caracteres(medidas, letras + 2 * nivel)));
     p.contenido = qMax(poco, qMin(lleno, declarado * 6 / 10));
     p.comodo = qMax(lleno, declarado);
     // Donde se digita un nombre siempre hay sitio para su comienzo.
@@ -493,9 +495,11 @@ void AnchosRejilla::crezca(int columna, int desde, int hasta, bool con_nombres) 
         return;
     const auto [suyo, calla] = contenido(columna, desde, hasta);
     if (texto) {
-        if ((p.vacia || p.breve > 0) && !calla)
+        const int entero = ancho_entero(suyo);
+        const bool no_cede = rejilla_.property(kLetrasDeNombre).toInt() > 0;
+        if (!calla && (p.vacia || p.breve > 0 || (no_cede && entero > p.entero)))
             p = mida_columna(columna), repartido_ = -1;
-        else if (const int entero = ancho_entero(suyo); entero > p.entero) {
+        else if (entero > p.entero) {
             p.entero = entero;
             p.comodo = qMax(p.comodo, entero);
             repartido_ = -1;

@@ -39,6 +39,9 @@ class AnchosRejilla : public QObject {
 public:
     AnchosRejilla(Rejilla& rejilla, QObject* padre);
 
+    /// Propiedad de la rejilla: las letras que sus nombres no ceden. Si no alcanza, se desplaza.
+    static constexpr const char* kLetrasDeNombre = "letras_de_nombre";
+
     /// Mide de nuevo todas las columnas y reparte. Cuesta una mirada a las filas.
     void mida();
     /// Mide lo que no admite recorte en esas filas; y los nombres, si empiezan en la primera.

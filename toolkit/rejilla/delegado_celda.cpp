@@ -43,6 +43,11 @@ QColor legible(QColor tinta, const QColor& fondo) {
     return tinta;
 }
 
+bool asoma_sin_titulo(const Rejilla& rejilla, int columna) {
+    return static_cast<const EncabezadoRejilla&>(*rejilla.horizontalHeader())
+        .asoma_sin_titulo(columna);
+}
+
 /// Lo que a lo ancho se ve de una columna, con su margen.
 QRect a_la_vista(const QRect& lugar, const QWidget& vista, int margen) {
     return lugar & QRect(margen, lugar.y(), vista.width() - 2 * margen, lugar.height());
@@ -110,7 +115,8 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
     pintor->fillRect(celda, papel);
 
     const ColumnaRejilla& columna = rejilla_.columna(indice.column());
-    if (columna.casilla) {
+    if (asoma_sin_titulo(rejilla_, indice.column())) { // un pedazo de no se sabe qué
+    } else if (columna.casilla) {
         QStyleOptionButton caja;
         caja.initFrom(&rejilla_);
         caja.rect = DelegadoCelda::caja(celda, &rejilla_);

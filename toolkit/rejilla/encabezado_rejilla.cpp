@@ -8,6 +8,10 @@
 #include "toolkit/rejilla/rejilla.h"
 #include "toolkit/rejilla/titulo_columna.h"
 
+namespace {
+constexpr QChar kSigue(0x2026);
+}
+
 EncabezadoRejilla::EncabezadoRejilla(Rejilla& rejilla)
     : QHeaderView(Qt::Horizontal, &rejilla), rejilla_(rejilla),
       anchos_(new AnchosRejilla(rejilla, this)) {
@@ -52,12 +56,23 @@ QString EncabezadoRejilla::titulo_a_la_vista(int columna) const {
     const QFontMetrics m = fontMetrics();
     if (m.size(0, entero).width() <= visible)
         return entero;
-    if (visible < m.horizontalAdvance(QChar(0x2026)))
+    if (visible < m.horizontalAdvance(kSigue))
         return {};
     const QString titulo = rejilla_.columna(columna).Titulo, corto = titulo_en(titulo, m, visible);
     // El alto es el de los que se ven enteros.
-    return corto.contains('\n') && !dos_renglones_ ? m.elidedText(titulo, Qt::ElideRight, visible)
-                                                   : corto;
+    const QString cabe = corto.contains('\n') && !dos_renglones_
+                             ? m.elidedText(titulo, Qt::ElideRight, visible)
+                             : corto;
+    // De la que asoma a medias, unos puntos no dicen nada. La que no cabe en toda la rejilla es lo
+    // único que hay para leer.
+    const bool asoma = desde < 0 || hasta > viewport()->width();
+    return asoma && 2 * visible < viewport()->width() && cabe.contains(kSigue) ? QString() : cabe;
+}
+
+bool EncabezadoRejilla::asoma_sin_titulo(int columna) const {
+    const int desde = sectionViewportPosition(columna), hasta = desde + sectionSize(columna);
+    return (desde < 0 || hasta > viewport()->width()) &&
+           !rejilla_.columna(columna).Titulo().isEmpty() && titulo_a_la_vista(columna).isEmpty();
 }
 
 void EncabezadoRejilla::paintSection(QPainter* pintor, const QRect& lugar, int columna) const {
@@ -117,6 +132,13 @@ QSize EncabezadoRejilla::sizeHint() const {
 
 int EncabezadoRejilla::alto_sencillo() const {
     return sizeHint().height() - (dos_renglones_ ? fontMetrics().lineSpacing() : 0);
+}
+
+int EncabezadoRejilla::alto_con_barra() const {
+    // Con la del lado puesta: si dependiera de las filas que caben, quitar una la devolvería.
+    const bool se_desplaza = anchos_->cediendo() > rejilla_.width();
+    return sizeHint().height() +
+           (se_desplaza ? style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &rejilla_) : 0);
 }
 
 void EncabezadoRejilla::updateGeometries() {

@@ -34,6 +34,8 @@ public:
     QString titulo_partido(int columna) const;
     /// El de la que asoma a medias, en lo que se ve de ella.
     QString titulo_a_la_vista(int columna) const;
+    /// Asoma a medias y ni su título cabe en lo que se ve: no se pinta nada de ella.
+    bool asoma_sin_titulo(int columna) const;
     /// Ancho con que su título se lee entero en dos renglones.
     int ancho_en_renglones(int columna) const;
     /// Con el que se lee abreviado el mes que titula; 0 si no titula un mes.
@@ -44,8 +46,13 @@ public:
     bool arrastrando() const { return oprimido_; }
 
     QSize sizeHint() const override;
-    /// El alto con los títulos en un renglón: el segundo depende del ancho y no agranda la ventana.
+    /// El alto con los títulos en un renglón: el segundo depende del ancho, que antes de mostrarse
+    /// no se sabe.
     int alto_sencillo() const;
+    /// Lo que a lo alto le quitan a las filas los títulos y la barra de abajo, si se desplaza.
+    int alto_con_barra() const;
+    /// Ese alto ya no es el de la vez anterior.
+    bool cambio_el_alto() { return std::exchange(alto_, alto_con_barra()) != alto_con_barra(); }
 
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const override;
@@ -67,6 +74,7 @@ private:
     bool dos_renglones_ = false;
     bool meses_cortos_ = false; ///< si uno no cabe, todos van abreviados
     bool oprimido_ = false;
+    int alto_ = 0; ///< el último que se pidió con la barra
     std::vector<QLineEdit*> filtros_;
     bool con_filtros_ = false;
     bool aplicado_ = false;

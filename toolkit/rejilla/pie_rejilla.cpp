@@ -52,8 +52,9 @@ void PieRejilla::paintEvent(QPaintEvent*) {
     const int corrido = rejilla_.viewport()->x() - x();
     const QRect campo(corrido, 0, rejilla_.viewport()->width(), height());
     pintor.setClipRect(campo);
+    auto& titulos = static_cast<EncabezadoRejilla&>(*rejilla_.horizontalHeader());
     for (int c = 0; c < rejilla_.cuenta_columnas(); ++c) {
-        if (rejilla_.isColumnHidden(c))
+        if (rejilla_.isColumnHidden(c) || titulos.asoma_sin_titulo(c))
             continue;
         const QString suma = texto(c);
         if (suma.isEmpty())
@@ -68,10 +69,9 @@ void PieRejilla::paintEvent(QPaintEvent*) {
         // Una suma nunca se recorta: mientras su columna se ensancha, se extiende a la izquierda.
         // La de una columna sin nada no le quita sitio a una cifra.
         if (medidas.horizontalAdvance(suma) > hueco.width()) {
-            auto& anchos = static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())->anchos();
-            if (anchos.vacia(c))
+            if (titulos.anchos().vacia(c))
                 continue;
-            anchos.pida(c, medidas.horizontalAdvance(suma) + 2 * aire + 2);
+            titulos.anchos().pida(c, medidas.horizontalAdvance(suma) + 2 * aire + 2);
         }
         hueco.setLeft(qMin(hueco.left(), hueco.right() - medidas.horizontalAdvance(suma)));
         // Un pedazo de la de una columna que asoma a medias se leería como otra.

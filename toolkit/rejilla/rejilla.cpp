@@ -306,6 +306,8 @@ void Rejilla::updateGeometries() {
     // Con otros anchos puede hacer falta otra barra, sin esperar a que la base vuelva a mirar.
     if (horizontalScrollBar()->maximum() != qMax(0, encabezado_->length() - viewport()->width()))
         acomode();
+    if (mostrada_ && encabezado_->cambio_el_alto())
+        updateGeometry();
     ubique_editor();
     // Un primer paquete que no llena la vista no se deja desplazar: el siguiente se pide ya.
     if (isVisible() && modelo_->canFetchMore({}) &&
@@ -314,8 +316,8 @@ void Rejilla::updateGeometries() {
 }
 
 QSize Rejilla::minimumSizeHint() const {
-    constexpr int kFilas = 4; // tres, con la barra de abajo
-    const int alto = encabezado_->alto_sencillo() +
+    constexpr int kFilas = 4;
+    const int alto = (mostrada_ ? encabezado_->alto_con_barra() : encabezado_->alto_sencillo()) +
                      kFilas * verticalHeader()->defaultSectionSize() +
                      (pie() ? pie_->sizeHint().height() : 0) + 2 * frameWidth();
     return {QTableView::minimumSizeHint().width(), alto};
