@@ -401,7 +401,8 @@ private slots:
 
     void lo_tecleado_seguido_en_una_lista_busca_por_el_comienzo_con_sus_espacios() {
         ListaDato lista;
-        lista.lista_de({"Nota débito", "Nota de crédito", "Nómina", "Órden de pago", "Otros"});
+        lista.lista_de(
+            {"Nota débito", "Nota de crédito", "Nómina", "Órden de pago", "Otros", "Nn"});
         lista.show();
         lista.setFocus();
         int avisos = 0;
@@ -435,6 +436,8 @@ private slots:
         QCOMPARE(teclee("o", cuando += 5000), "Órden de pago");
         QCOMPARE(teclee("o", cuando), "Otros");
         QCOMPARE(teclee("o", cuando), "Órden de pago");
+        QCOMPARE(teclee("n", cuando += 5000), "Nn");
+        QCOMPARE(teclee("nn", cuando += 5000), "Nn"); // hay una que empieza por las dos
         QCOMPARE(teclee("n", cuando += 5000), "Nota débito");
         // Un espacio sin nada tecleado despliega la lista, y desplegada busca igual.
         cuando += 5000;

@@ -63,8 +63,8 @@ private slots:
 
     void teclear_sobre_una_lista_ubica_la_fila_que_empieza_asi() {
         RejillaDePrueba p(0);
-        for (const char* nombre :
-             {"Arriendo", "Ángulo recto", "Banco de Bogotá", "Banco Popular", "Ñandú", "Zapato"}) {
+        for (const char* nombre : {"Arriendo", "Ángulo recto", "Banco de Bogotá", "Banco Popular",
+                                   "Ñandú", "Zapato", "Zinc", "Zz 2"}) {
             p.detalle->Append();
             p.detalle->FieldByName("CUEN_COD").asigne(nombre[0] == 'Z' ? "900" : "110");
             p.detalle->FieldByName("CODE_CONCEPTO").asigne(nombre);
@@ -95,6 +95,11 @@ private slots:
         QCOMPARE(actual(), "Arriendo");
         QTest::keyClicks(&r, "a");
         QCOMPARE(actual(), "Ángulo recto");
+        // Si hay una que empieza por las dos, es esa.
+        QTest::keyClick(&r, Qt::Key_Home);
+        r.SelectedIndex(RejillaDePrueba::Concepto);
+        QTest::keyClicks(&r, "zz");
+        QCOMPARE(actual(), "Zz 2");
         r.SelectedIndex(RejillaDePrueba::Cuenta);
         QTest::keyClick(&r, Qt::Key_Home);
         QTest::keyClicks(&r, "900");
