@@ -6,6 +6,7 @@
 
 namespace {
 const char* const kOrden = "order by tico_cod, prco_pref";
+const char* const kNinguna = "No hay plantillas. F6 crea la primera.";
 } // namespace
 
 Tfbuscplantilla::Tfbuscplantilla()
@@ -19,8 +20,9 @@ Tfbuscplantilla::Tfbuscplantilla()
                        {"TRef", "Referencia", 8, "plan_refer", FiltroTexto::Contiene}},
                       "SpeedButton5", false);
     filtros_->al_buscar = [this] {
-        DBGridEh1->texto_vacio = "No hay plantillas con esas condiciones.";
         busque(kOrden);
+        DBGridEh1->texto_vacio =
+            condicion_.isEmpty() ? kNinguna : "No hay plantillas con esas condiciones.";
     };
     DBGridEh1 = rejilla("DBGridEh1",
                         {{"TICO_COD", "Tipo", 5},
@@ -29,7 +31,7 @@ Tfbuscplantilla::Tfbuscplantilla()
                          {"PLAN_REFER", "Referencia", 12},
                          {"PLAN_USUARIO", "Usuario", 12}},
                         "BuscPlantilla", Rejilla::Imprimir);
-    DBGridEh1->texto_vacio = "No hay plantillas. F6 crea la primera.";
+    DBGridEh1->texto_vacio = kNinguna;
     DBGridEh1->OnTitleClick = [this](Campo& campo) { busque("order by " + campo.FieldName); };
     DBGridEh1->OnDblClick = [this](int) {
         modo_mantenimiento_ ? SpeedButton2Click() : SpeedButton4Click();

@@ -177,14 +177,15 @@ void Tfmovimien::ofrezca_borrador() {
                            cual.join(QStringLiteral(", ")));
     if (const QString periodo = periodo_de(*borrador); es_otro_periodo(periodo))
         que += "Es de " + nombre_de(periodo) + " y se sigue en ese período. ";
-    if (lo_cambio_otro(*borrador)
-            ? pregunte_con_no(que + "Después de eso otro usuario lo cambió, y "
-                                    "lo suyo se perdería. Desea retomarlo?")
-            : pregunte(que + "Desea retomarlo?")) {
+    const bool retoma = lo_cambio_otro(*borrador)
+                            ? pregunte_con_no(que + "Después de eso otro usuario lo cambió, y "
+                                                    "lo suyo se perdería. Desea retomarlo?")
+                            : pregunte(que + "Desea retomarlo?");
+    if (retoma)
         recupere(*borrador);
+    borrador_->resuelva_huerfano(); // ya está en la pantalla: no se ofrece otra vez
+    if (retoma)
         vaya_a_la_ultima_linea();
-    }
-    borrador_->resuelva_huerfano();
 }
 
 void Tfmovimien::vaya_a_la_ultima_linea() {

@@ -184,7 +184,7 @@ RETURNS (CODIGO varchar(30), NOMBRE varchar(60), INICIAL numeric(15,2), MVENE nu
 AS
 BEGIN
   FOR
-    SELECT A.CUENTA || iif(A.CENTRO IS NULL, '', '.' || A.PROY || '-' || A.CENTRO),
+    SELECT A.CUENTA || coalesce('.' || iif(A.PROY = '', '', A.PROY || '-') || A.CENTRO, ''),
       iif(A.CENTRO IS NULL, A.NOMBRE,
         coalesce(min(S.CENT_NOM), iif(A.CENTRO = '-', 'Sin centro', NULL))),
       sum(iif(A.MES = 0, A.NETO, 0)),

@@ -21,6 +21,8 @@ quede "los saldos iniciales" "select cuen_cod || ' ' || coalesce(terc_nit, '-') 
 FIN
 
 foto apertura_por_borrar
+estaba "la apertura por borrar" "select iif(count(*) > 0, 'hay', 'no hay') from apertura_niif" \
+    <<<hay
 teclas F3 s n
 estaba "la apertura que se borró" "select 'quedan ' || count(*) from apertura_niif" <<<"quedan 0"
 teclas F7 s

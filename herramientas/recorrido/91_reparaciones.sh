@@ -86,20 +86,20 @@ foto plan_por_borrar
 teclas F2 s
 teclas Tab
 if [ -f "$trabajo/datos/002/quorvex.fdb" ]; then # si la demostración la trae
-    for vez in primera segunda; do # la segunda, después de borrarlas
+    for hasta in 11051501 11051502; do # la segunda vez, con una que ya estaba
         teclas Return
-        for caja in 001 002 11051501 11051502; do
+        for caja in 001 002 11051501 $hasta; do
             escriba $caja
             teclas Tab
         done
         teclas F2
-        foto "copia_$vez"
-        [ "$vez" = primera ] || teclas s
-        estaba "el plan copiado a la 002, la $vez vez" "select cuen_cod || ' ' || cuen_nom
-            from cuentas where cuen_cod starting '1105150' order by 1" 002 <<FIN
-11051501 Fondo tecleado 1
-11051502 Fondo corregido
-FIN
+        foto "copia_$hasta"
+        [ $hasta = 11051501 ] || teclas s
+        estaba "el plan copiado a la 002 hasta $hasta" "select cuen_cod || ' ' || cuen_nom
+            from cuentas where cuen_cod starting '1105150' order by 1" 002 < <(
+            echo "11051501 Fondo tecleado 1"
+            [ $hasta = 11051501 ] || echo "11051502 Fondo corregido"
+        )
         teclas Return
     done
 fi

@@ -220,12 +220,18 @@ private slots:
                 QCOMPARE(consejo_en(c.w), ancho == 120 ? c.corta : c.ancha);
             }
         lista.setFixedWidth(120);
+        lista.setCurrentIndex(-1);
         static_cast<QComboBox&>(lista).showPopup();
         QAbstractItemView* filas = lista.view();
         filas->window()->setFixedWidth(120);
         QCoreApplication::processEvents();
         QCOMPARE(consejo_en(filas->viewport(), QPoint(20, 5)), largo);
-        // Desplegada, el tabulador toma la señalada y sigue.
+        // Desplegada, el tabulador toma la señalada y sigue; si nadie señaló otra, ninguna.
+        QTest::keyClick(filas, Qt::Key_Tab);
+        QVERIFY(!filas->isVisible());
+        QCOMPARE(lista.currentIndex(), -1);
+        lista.setCurrentIndex(0);
+        static_cast<QComboBox&>(lista).showPopup();
         for (const Qt::Key tecla : {Qt::Key_Down, Qt::Key_Tab})
             QTest::keyClick(filas, tecla);
         QVERIFY(!filas->isVisible());

@@ -34,6 +34,8 @@ void ListaTecleo::showPopup() {
     tecleo_.olvide();
     asegure_lista();
     QComboBox::showPopup();
+    // Sin valor, la vista señala sola la primera fila: nadie la escogió.
+    senalada_al_abrir_ = view()->currentIndex().row();
 }
 
 void ListaTecleo::keyPressEvent(QKeyEvent* evento) {
@@ -58,7 +60,7 @@ void ListaTecleo::keyPressEvent(QKeyEvent* evento) {
 void ListaTecleo::tome_la_senalada() {
     const int senalada = view()->currentIndex().row();
     hidePopup();
-    if (senalada < 0 || senalada == currentIndex())
+    if (senalada < 0 || senalada == senalada_al_abrir_)
         return;
     setCurrentIndex(senalada);
     emit activated(senalada);

@@ -31,6 +31,7 @@ private:
     void tome_la_senalada();
     void siga_en_la_otra(QKeyEvent& evento);
     Tecleo tecleo_;
+    int senalada_al_abrir_ = -1;
     QTimer espera_; ///< corre mientras se teclea
     std::function<void()> despues_;
 };
