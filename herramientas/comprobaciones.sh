@@ -26,13 +26,15 @@ exija() {
 quede() { exija "$1" sql "$2"; }
 # anotado QUÉ HALLADO <<FIN: lo que ya se sabe que había, para decirlo al cerrar con lo demás.
 anotado() { exija "$1" hallado "$2"; }
-# estaba QUÉ SQL [COMPAÑÍA] <<FIN: lo mismo que quede, pero ya, antes de que se borre: en una copia,
-# que el programa tiene la base para sí. Lo confirmado está entero en el disco.
-estaba() {
-    cp "$trabajo/datos/${3:-001}/quorvex.fdb" "$trabajo/copia.fdb"
-    anotado "$1" "$(echo "$2;" | consulte "$trabajo/copia.fdb")"
+# ya SQL [COMPAÑÍA]: lo que responde ahora, en una copia, que el programa tiene la base para sí. Lo
+# confirmado está entero en el disco.
+ya() {
+    cp "$trabajo/datos/${2:-001}/quorvex.fdb" "$trabajo/copia.fdb"
+    echo "$1;" | consulte "$trabajo/copia.fdb"
     rm "$trabajo/copia.fdb"
 }
+# estaba QUÉ SQL [COMPAÑÍA] <<FIN: lo mismo que quede, pero ya, antes de que se borre.
+estaba() { anotado "$1" "$(ya "$2" "${3:-001}")"; }
 # coincide NOMBRE N M SQL: guarda la lista que tiene el teclado; sus cifras son las de la consulta.
 coincide() {
     guarde_lista "$1"

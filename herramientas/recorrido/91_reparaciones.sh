@@ -23,12 +23,16 @@ foto todo_escogido
 teclas F2 Escape Escape
 estaba "el comprobante por borrar" "select d.cuen_cod || ' ' || coalesce(d.terc_nit, '-') || ' ' ||
     coalesce(d.proy_cod, '-') || ' ' || coalesce(d.cent_cod, '-') || ' ' ||
-    coalesce(d.arti_cod, '-') from comprobante_detalle d join comprobante_encabezado e
+    iif(d.arti_cod in (select arti_cod from articulo), 'artículo',
+        iif(d.arti_cod in (select acfj_cod from activos_fijos), 'activo', '-'))
+    from comprobante_detalle d join comprobante_encabezado e
     on e.enco_consec = d.enco_consec where e.enco_concepto = 'Para borrar' order by code_item" <<FIN
 519530 866652258 0002 0002 -
-143505 - - - HER-004
-152405 - - - CAMION
+143505 - - - artículo
+152405 - - - activo
 FIN
+
+dia=$(ya "select enco_fecha from comprobante_encabezado where enco_concepto = 'Para borrar'")
 
 teclas ctrl+t
 for cual in 3 4; do
@@ -68,9 +72,9 @@ teclas F2 s
 opcion b
 escriba "Nota b"
 teclas Tab Tab
-escriba 20170117
+escriba "$dia" # el 17 del mes en que la sesión esté
 teclas Tab
-escriba 20170117
+escriba "$dia"
 foto movimientos_por_borrar
 teclas F2 s
 estaba "las cuentas de paso" "select cuen_cod || ' ' || cuen_tercero || cuen_centro ||
