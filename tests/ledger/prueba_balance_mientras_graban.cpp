@@ -84,7 +84,10 @@ private slots:
             return componente<EditorNumero>(p, nombre).text();
         };
         QString anterior;
-        for (int i = 0; i < lecturas; ++i) {
+        // En un equipo ocupado los demás graban despacio: se lee hasta que hayan grabado.
+        const QDeadlineTimer plazo(120'000);
+        const auto faltan = [&] { return distintos <= 5 || grabados <= 20; };
+        for (int i = 0; i < lecturas || (faltan() && !plazo.hasExpired()); ++i) {
             QTest::keyClick(p, Qt::Key_F2);
             for (ConjuntoDatos* libro : {&p->CBalance, &p->CBalniif}) {
                 QVERIFY(libro->completo());
@@ -99,8 +102,7 @@ private slots:
             anterior = caja("Sdb");
         }
         QCOMPARE(otros.termine(), QStringList());
-        QVERIFY2(distintos > 5 && grabados > 20,
-                 qPrintable(QString("%1 %2").arg(distintos).arg(grabados)));
+        QVERIFY2(!faltan(), qPrintable(QString("%1 %2").arg(distintos).arg(grabados)));
         QCOMPARE(saldos_distintos(s.base.base()), QString());
     }
 
