@@ -193,8 +193,8 @@ void Tfmovimien::vaya_a_la_ultima_linea() {
     if (l.detalle.IsEmpty())
         return;
     l.detalle.Last();
-    l.rejilla->setFocus();
     l.rejilla->SelectedIndex(0);
+    devuelva_a(l.rejilla); // después de que la pregunta devuelva el teclado
 }
 
 bool Tfmovimien::lo_cambio_otro(const Borrador& borrador) {

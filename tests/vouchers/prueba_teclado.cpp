@@ -378,7 +378,7 @@ private slots:
         QCOMPARE(p->lineas_2649->LabDiferencia->dice(), "Falta crédito 600.00");
         // Sigue donde iba: Abajo abre la que sigue; se completa y se graba, con su número y sus
         // ítems.
-        QVERIFY(d.rejilla().enfocada());
+        QTRY_VERIFY(d.rejilla().enfocada());
         oprima(Qt::Key_Down);
         d.linea({"310505"});
         oprima_seguidas({Qt::Key_F5, Qt::Key_F2});
