@@ -378,8 +378,9 @@ private slots:
         QCOMPARE(p->lineas_2649->LabDiferencia->dice(), "Falta crédito 600.00");
         // Sigue donde iba: Abajo abre la que sigue; se completa y se graba, con su número y sus
         // ítems.
-        QTRY_VERIFY(d.rejilla().enfocada());
-        oprima(Qt::Key_Down);
+        QTRY_COMPARE(p->focusWidget(), &d.rejilla());
+        QCOMPARE(p->CDetalle.RecNo(), 1);
+        oprima_en(&d.rejilla(), Qt::Key_Down);
         d.linea({"310505"});
         oprima_seguidas({Qt::Key_F5, Qt::Key_F2});
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
